@@ -1,0 +1,65 @@
+#ifndef RULEFORGE_TEXT_DLISTSTR_H
+#define RULEFORGE_TEXT_DLISTSTR_H
+
+#include <map>
+
+#include "text/dlist.h"
+#include "text/str.h"
+
+// A String that can live in a DList; ordered by its text, byte by byte.
+class tString : public String, public tObject {
+ public:
+  tString();
+  tString(const String& s);
+  tString(const tString& o);
+  int Greater(tObject* other) override;
+  int Equals(tObject* other) override;
+  tObject* Clone() override;
+  ~tString() override;
+};
+
+// A generated or template text with the priority that orders it in the output.
+// Compared by priority only; the text plays no part in the order.
+class tPrioritizedString : public tString {
+ public:
+  int Priority;
+
+  tPrioritizedString();
+  tPrioritizedString(const String& s, int priority);
+  tPrioritizedString(const tPrioritizedString& o);
+  int Greater(tObject* other) override;
+  int Equals(tObject* other) override;
+  tObject* Clone() override;
+  ~tPrioritizedString() override;
+};
+
+// A list of texts; also splits a value line into entries and joins them back.
+class DListtString : public DList {
+ public:
+  tString* Current() const;
+  tString* operator[](int i);
+  void FromString(const char* text, const char* separators, const char* strip, int skipLeading);
+  String ToString(const char* separator, int trailing);
+  ~DListtString() override;
+};
+
+// Texts kept in ascending priority, ties in the order of insertion.
+class DListtPrioritizedString : public DList {
+ public:
+  DListtPrioritizedString();
+  tPrioritizedString* Current() const;
+  // Links p in after every text whose priority is at most its own and before
+  // the first with a greater one, and makes it the current element.
+  void ToSorted(tPrioritizedString* p);
+  ~DListtPrioritizedString() override;
+
+ private:
+  // The last link of each priority, valid while IndexedChanges equals Changes.
+  // It finds the place of a new text without walking the list, which keeps
+  // insertion fast when priorities arrive out of order.
+  std::map<int, DLink*> LastOfPriority;
+  unsigned long IndexedChanges;
+  void Reindex();
+};
+
+#endif
