@@ -1,0 +1,26 @@
+#ifndef RULEFORGE_APP_COMMON_H
+#define RULEFORGE_APP_COMMON_H
+
+#include "text/str.h"
+
+// The code of the most recent Error call; 0 at start. The entry point checks it
+// between the stages of a run and returns it as the exit status.
+extern int error;
+
+// Prints "ERROR(code): text" on standard error and records the code in error.
+void Error(int code, const char* text);
+void Error(int code, const String& text);
+// Prints "Warning(code): text" on standard error; changes nothing.
+void Warning(int code, const char* text);
+void Warning(int code, const String& text);
+
+// The program's identity, written into every parseable section and compared
+// when one is read back, and the first line of every template file.
+extern const String AppVersion;
+extern const String DataFileBanner;
+extern const String ProgramName;
+extern const String version;
+extern const String DataFileTemplateHeader;
+extern const String TemplateFileBanner;
+
+#endif

@@ -1,0 +1,146 @@
+#include "app/filterd.h"
+
+#include <cstdio>
+
+#include "app/common.h"
+#include "resolve/dnsresol.h"
+#include "rules/numbers.h"
+
+namespace {
+
+int AtSection(tFilterTemplateFile& file) { return file.Line().Head(4) == SectionSeparator; }
+
+void SkipToSection(tFilterTemplateFile& file) {
+  while (!file.Eof() && !AtSection(file)) file.Next();
+}
+
+void WriteSubstitutions(FILE* out, DListtString& names, DListtString& values) {
+  std::fputs("~~~~Substitutions\n", out);
+  for (names.GotoHead(), values.GotoHead(); names.Current() && values.Current();
+       names.Next(), values.Next()) {
+    std::fprintf(out, "|%s|%s|\n", names.Current()->Text(), values.Current()->Text());
+  }
+}
+
+}  // namespace
+
+tFilterData::tFilterData(const char* templateName, int resolve)
+    : FirstLabel(0), ResolveNames(resolve) {
+  ReadTemplate(templateName ? templateName : "mkrule.tpl");
+}
+
+// The members go in the reverse of their order: the substitutions, the title,
+// the two template lists, and the data sets last. Records only point at their
+// templates, so nothing is used after it is gone.
+tFilterData::~tFilterData() {}
+
+int tFilterData::New() { return DataSets.New(&MainRules); }
+
+int tFilterData::ReadTemplate(const char* fileName) {
+  tFilterTemplateFile file(fileName);
+  if (!file.IsOpen) {
+    Error(1, String("Could not open '") + fileName + "'.");
+    return -1;
+  }
+  if (file.GetLine() != TemplateFileBanner) {
+    Error(2, String("'") + fileName + "' is not a valid filter template file.");
+    file.Close();
+    return -2;
+  }
+  TemplateTitle = file.GetLine();
+  MainRules.Clear();
+  LabelRules.Clear();
+  FirstLabel = 0;
+  SubstitutionNames.Clear();
+  SubstitutionValues.Clear();
+
+  SkipToSection(file);
+  while (!file.Eof()) {
+    file.GetString(4);
+    String section = file.GetLine();
+    if (section == "Substitutions") {
+      ReadSubstitutions(file);
+    } else if (section == "Main Rules") {
+      MainRules.Read(file);
+    } else if (section == "Label Rules") {
+      ReadLabelRules(file);
+    }
+    SkipToSection(file);
+  }
+  New();
+  file.Close();
+  return 0;
+}
+
+// Lines such as |PORT|23|: the first character is the delimiter, the name
+// stands between its first two occurrences and the value before the third.
+void tFilterData::ReadSubstitutions(tFilterTemplateFile& file) {
+  while (!file.Eof() && file.Ch() != '~') {
+    char delimiter[2] = {file.GetCh(), '\0'};
+    int end = file.Line().At(delimiter[0]);
+    if (end >= 0) {
+      SubstitutionNames.ToTail(new tString(file.GetString(end)));
+      file.GetCh();
+      end = file.Line().At(delimiter[0]);
+      SubstitutionValues.ToTail(new tString(end >= 0 ? file.GetString(end) : Empty));
+    }
+    file.Next();
+  }
+}
+
+void tFilterData::ReadLabelRules(tFilterTemplateFile& file) {
+  while (!file.Eof() && file.Ch() != '~') file.Next();
+  if (!file.Eof() && file.Line().Text()[1] != '~') {
+    file.GetCh();
+    FirstLabel = ToPriority(file.GetLine().Text());
+  }
+  LabelRules.Read(file);
+}
+
+int tFilterData::WriteTemplate(const char* fileName) {
+  FILE* out = fileName ? std::fopen(fileName, "w") : stderr;
+  if (!out) {
+    // No message of its own exists for this; the dump is a diagnostic aid, so
+    // the run goes on and only a warning tells that it was not written.
+    Warning(5, String("Could not write the template dump '") + fileName + "'.");
+    return 0;
+  }
+  std::fprintf(out, "%s\n%s\n", TemplateFileBanner.Text(), TemplateTitle.Text());
+  if (SubstitutionNames.Size() > 0) WriteSubstitutions(out, SubstitutionNames, SubstitutionValues);
+  if (MainRules.Size() > 0) {
+    std::fputs("~~~~Main Rules\n", out);
+    MainRules.Write(out);
+  }
+  if (LabelRules.Size() > 0) {
+    std::fprintf(out, "~~~~Label Rules\n~%d\n", FirstLabel);
+    LabelRules.Write(out);
+  }
+  if (out != stderr) std::fclose(out);
+  return 0;
+}
+
+int tFilterData::ReadData(const char* fileName) {
+  int result = DataSets.Read(fileName, TemplateTitle.Text(), MainRules, LabelRules);
+  if (result >= 0) return 0;
+  String name(fileName);
+  if (result == -1) {
+    Error(3, String("Could not open '") + name + "'.");
+    return -3;
+  }
+  if (result == -2) {
+    Error(4, String("'") + name + "' does not contain parseable filter data.");
+    return -4;
+  }
+  Error(5, String("Unknown error loading '") + name + "'.");
+  return -5;
+}
+
+int tFilterData::WriteData(const char* fileName) {
+  if (ResolveNames) Resolver = new tDNSResolver;
+  DataSets.Write(fileName, TemplateTitle.Text(), FirstLabel, SubstitutionNames, SubstitutionValues);
+  if (Resolver) {
+    delete Resolver;
+    Resolver = nullptr;
+  }
+  return 0;
+}

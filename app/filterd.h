@@ -1,0 +1,38 @@
+#ifndef RULEFORGE_APP_FILTERD_H
+#define RULEFORGE_APP_FILTERD_H
+
+#include "rules/clauslst.h"
+#include "text/dliststr.h"
+#include "text/str.h"
+
+// The one document of a run: the filter template (title, substitutions, the
+// two rule sections and the label priority) and the user's data sets. Building
+// it reads the template; the stages of a run are its member functions, each
+// reporting through Error and Warning. Owns everything it holds.
+class tFilterData : public tObject {
+ public:
+  DListOfDListtClauseData DataSets;
+  DListtClauseTemplate MainRules;
+  DListtClauseTemplate LabelRules;
+  int FirstLabel;
+  int ResolveNames;
+  String TemplateTitle;
+  DListtString SubstitutionNames;
+  DListtString SubstitutionValues;
+
+  // A null templateName reads "mkrule.tpl" from the working directory.
+  tFilterData(const char* templateName, int resolve);
+  ~tFilterData() override;
+
+  int ReadTemplate(const char* fileName);
+  int WriteTemplate(const char* fileName);
+  int ReadData(const char* fileName);
+  int WriteData(const char* fileName);
+  int New();
+
+ private:
+  void ReadSubstitutions(tFilterTemplateFile& file);
+  void ReadLabelRules(tFilterTemplateFile& file);
+};
+
+#endif

@@ -1,0 +1,160 @@
+#include "parse/parsefil.h"
+
+#include <cstring>
+
+namespace {
+
+const char kSeparators[] = "\t ,";
+const char kQuotes[] = "\"'`";
+
+}  // namespace
+
+tParseableFile::tParseableFile(const char* name)
+    : IsOpen(0), Stream(nullptr), CurrentLine(""), Pos(0), LineText(nullptr) {
+  Open(name);
+}
+
+tParseableFile::~tParseableFile() {
+  if (IsOpen) Close();
+}
+
+int tParseableFile::Open(const char* name) {
+  if (IsOpen) Close();
+  Stream = name ? std::fopen(name, "r") : stdin;
+  IsOpen = Stream ? 1 : 0;
+  CurrentLine = Empty;
+  Pos = 0;
+  Refresh();
+  return IsOpen;
+}
+
+int tParseableFile::Close() {
+  if (!IsOpen) return 1;
+  IsOpen = 0;
+  FILE* stream = Stream;
+  Stream = nullptr;
+  if (stream == stdin) return 1;
+  return std::fclose(stream) == 0 ? 1 : 0;
+}
+
+// A read error ends the input like the end of the file does.
+int tParseableFile::AtStreamEnd() const {
+  return !IsOpen || std::feof(Stream) || std::ferror(Stream);
+}
+
+int tParseableFile::Eof() { return !IsOpen || (AtStreamEnd() && Remaining() == 0); }
+
+void tParseableFile::Refresh() { LineText = CurrentLine.Text() + Pos; }
+
+void tParseableFile::Compact() {
+  if (Pos > 0) {
+    CurrentLine = CurrentLine.Copy(Pos);
+    Pos = 0;
+  }
+}
+
+void tParseableFile::Next() {
+  Pos = 0;
+  if (!IsOpen) {
+    CurrentLine = Empty;
+    Refresh();
+    return;
+  }
+  for (;;) {
+    CurrentLine.fgets(Stream);
+    if (CurrentLine.Length() > 0 || AtStreamEnd()) break;
+  }
+  Refresh();
+}
+
+char tParseableFile::Ch() {
+  if (Remaining() == 0) Next();
+  return Remaining() > 0 ? CurrentLine.Text()[Pos] : '\0';
+}
+
+String& tParseableFile::Line() {
+  if (Remaining() == 0) Next();
+  Compact();
+  Refresh();
+  return CurrentLine;
+}
+
+char tParseableFile::GetCh() {
+  char c = Ch();
+  if (Remaining() > 0) ++Pos;
+  if (Remaining() == 0) Next();
+  Refresh();
+  return c;
+}
+
+String tParseableFile::GetLine() {
+  String rest = Line();
+  Next();
+  return rest;
+}
+
+String tParseableFile::GetString(int width) {
+  String result;
+  if (Remaining() == 0) Next();
+  while (result.Length() == 0 && !Eof()) {
+    if (width >= 0) {
+      result = CurrentLine.Copy(Pos, width);
+      Pos += result.Length();
+      break;
+    }
+    int start = CurrentLine.AtFirstNotIn(kSeparators, Pos);
+    if (start < 0) {
+      Next();
+      continue;
+    }
+    Pos = start;
+    char first = CurrentLine.Text()[Pos];
+    if (std::strchr(kQuotes, first)) {
+      // A quoted token ends the search even when it is empty, and it never
+      // continues onto the next line.
+      int close = CurrentLine.At(first, Pos + 1);
+      if (close >= 0) {
+        result = CurrentLine.Copy(Pos + 1, close - Pos - 1);
+        Pos = close + 1;
+      } else {
+        result = CurrentLine.Copy(Pos + 1);
+        Next();
+      }
+      break;
+    }
+    int end = CurrentLine.AtFirstIn(kSeparators, Pos);
+    if (end >= 0) {
+      result = CurrentLine.Copy(Pos, end - Pos);
+      Pos = end;
+    } else {
+      result = CurrentLine.Copy(Pos);
+      Next();
+    }
+  }
+  if (Remaining() == 0) Next();
+  Refresh();
+  return result;
+}
+
+void tFilterTemplateFile::Next() {
+  for (;;) {
+    tParseableFile::Next();
+    int comment = CurrentLine.At("//");
+    if (comment >= 0) CurrentLine = CurrentLine.Copy(0, comment);
+    if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;
+  }
+  Refresh();
+}
+
+void tFilterDataFile::Next() {
+  for (;;) {
+    tParseableFile::Next();
+    if (CurrentLine.At("###", 0, 3) == 0) {
+      Pos = 3;
+    } else {
+      CurrentLine = Empty;
+    }
+    if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;
+  }
+  Refresh();
+}

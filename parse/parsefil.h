@@ -1,0 +1,62 @@
+#ifndef RULEFORGE_PARSE_PARSEFIL_H
+#define RULEFORGE_PARSE_PARSEFIL_H
+
+#include <cstdio>
+
+#include "text/str.h"
+
+// Reads a text file line by line and lets callers take the current line apart
+// from the front: a character, a token, or the rest of the line. A used-up line
+// is replaced by the next one at once. What counts as the next line is the one
+// difference between the two input formats, so Next() is virtual. Owns the
+// stream it opened; standard input (a null name) is never closed.
+class tParseableFile {
+ public:
+  explicit tParseableFile(const char* name);
+  virtual ~tParseableFile();
+
+  int Open(const char* name);
+  int Close();
+  int Eof();
+
+  virtual void Next();
+  virtual char Ch();
+  virtual String& Line();
+  virtual String GetString(int width);
+  virtual char GetCh();
+  virtual String GetLine();
+
+  int IsOpen;
+
+ protected:
+  FILE* Stream;
+  // The current line; its unread rest begins at Pos. Consuming advances Pos
+  // instead of cutting the front off, so taking a long line apart stays linear.
+  String CurrentLine;
+  int Pos;
+  const char* LineText;
+
+  int Remaining() const { return CurrentLine.Length() - Pos; }
+  int AtStreamEnd() const;
+  void Refresh();
+  // Makes the unread rest the whole of CurrentLine.
+  void Compact();
+};
+
+// The template file: everything from "//" to the line end is a comment, and
+// lines that are empty after removing it are skipped.
+class tFilterTemplateFile : public tParseableFile {
+ public:
+  explicit tFilterTemplateFile(const char* name) : tParseableFile(name) {}
+  void Next() override;
+};
+
+// The data input: only lines that begin with "###" are delivered, without those
+// three characters; every other line is skipped.
+class tFilterDataFile : public tParseableFile {
+ public:
+  explicit tFilterDataFile(const char* name) : tParseableFile(name) {}
+  void Next() override;
+};
+
+#endif

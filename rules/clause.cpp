@@ -1,0 +1,104 @@
+#include "rules/clause.h"
+
+#include "rules/numbers.h"
+
+namespace {
+
+const char kFieldSeparators[] = ",\n";
+const char kFieldStrip[] = " \r\n\t,";
+
+int ToVariant(const char* text) {
+  int n = ToPriority(text);
+  if (n > 3) return 3;
+  if (n < 0) return 0;
+  return n;
+}
+
+void WriteTexts(FILE* stream, DListtPrioritizedString& texts, int variant, char kind) {
+  for (texts.GotoHead(); texts.Current(); texts.Next()) {
+    tPrioritizedString* text = texts.Current();
+    std::fprintf(stream, "~%d, %d, %c\n", variant, text->Priority, kind);
+    std::fwrite(text->Text(), 1, text->Length(), stream);
+  }
+}
+
+}  // namespace
+
+tClauseTemplate::tClauseTemplate() : Flags(0), Partner(nullptr) {}
+
+tClauseTemplate::~tClauseTemplate() {
+  if (Partner) {
+    tClauseTemplate* partner = Partner;
+    Partner = nullptr;
+    partner->Partner = nullptr;
+    delete partner;
+  }
+}
+
+int tClauseTemplate::Read(tFilterTemplateFile& file) {
+  Name = file.GetString(-1);
+  for (String& label : VariantLabels) label = file.GetString(-1);
+  Value0Label = file.GetString(-1);
+  Value1Label = file.GetString(-1);
+  int labelled = 0;
+  for (const String& label : VariantLabels) labelled |= label.Length() > 0;
+  if (!labelled) Flags |= FixedClause;
+
+  // The rest of the string line, and any line before the first header line,
+  // carries nothing.
+  while (file.Ch() != '~') {
+    file.Next();
+    if (file.Eof()) return 0;
+  }
+  if (file.Eof()) return 0;
+  while (ReadText(file)) {
+  }
+  return 0;
+}
+
+int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
+  if (file.Line().Head(3) == "~~~") return 0;
+  file.GetCh();
+  String header = file.GetLine();
+  DListtString fields;
+  fields.FromString(header.Text(), kFieldSeparators, kFieldStrip, 0);
+  if (fields.Size() == 0) return 0;
+  const char* first = fields[0]->Text();
+  if (first[0] == '~') {
+    // "~~" opens the companion template; a template that is itself a companion
+    // (its Partner is already set) or "~~~..." ends here without one.
+    if (first[1] != '~' && !Partner) {
+      Partner = new tClauseTemplate;
+      Partner->Partner = this;
+      Partner->Read(file);
+    }
+    return 0;
+  }
+  if (fields.Size() < 3) return 0;
+  int variant = ToVariant(first);
+  int priority = ToPriority(fields[1]->Text());
+  char kind = fields[2]->ToUpper().Text()[0];
+  DListtPrioritizedString* texts = nullptr;
+  if (kind == 'S') texts = &SingleTexts[variant];
+  if (kind == 'V') texts = &ValueTexts[variant];
+  if (!texts) return 0;
+
+  tPrioritizedString* text = new tPrioritizedString(Empty, priority);
+  texts->ToSorted(text);
+  while (!file.Eof() && file.Ch() != '~') {
+    *text += file.GetLine();
+    *text += "\n";
+  }
+  return file.Eof() ? 0 : 1;
+}
+
+int tClauseTemplate::Write(FILE* stream) {
+  std::fprintf(stream, "\"%s\",  \"%s\",\"%s\",\"%s\",\"%s\",  \"%s\",\"%s\"\n", Name.Text(),
+               VariantLabels[0].Text(), VariantLabels[1].Text(), VariantLabels[2].Text(),
+               VariantLabels[3].Text(), Value0Label.Text(), Value1Label.Text());
+  for (int variant = 0; variant < 4; ++variant) {
+    WriteTexts(stream, SingleTexts[variant], variant, 'S');
+    WriteTexts(stream, ValueTexts[variant], variant, 'V');
+  }
+  return 0;
+}

@@ -1,0 +1,69 @@
+#ifndef RULEFORGE_RULES_CLAUSE_H
+#define RULEFORGE_RULES_CLAUSE_H
+
+#include <cstdio>
+
+#include "parse/parsefil.h"
+#include "text/dliststr.h"
+#include "text/str.h"
+
+// One rule pattern of a template file: the clause's name, the captions the user
+// fills it in under, and its filter texts for each of four variants ("S" texts
+// once per variant in effect, "V" texts once per value or pair of values). Owns
+// its texts and its companion template (Partner); a companion points back at its
+// main template without owning it.
+class tClauseTemplate : public tObject {
+ public:
+  // Flag bit: all four variant labels are empty, so the user fills in nothing.
+  static const unsigned FixedClause = 1;
+
+  unsigned Flags;
+  tClauseTemplate* Partner;
+  String Name;
+  String Value0Label;
+  String Value1Label;
+  String VariantLabels[4];
+  DListtPrioritizedString SingleTexts[4];
+  DListtPrioritizedString ValueTexts[4];
+
+  tClauseTemplate();
+  ~tClauseTemplate() override;
+
+  int Read(tFilterTemplateFile& file);
+  int Write(FILE* stream);
+
+ private:
+  // Reads one header line and the text under it; 0 when reading must end.
+  int ReadText(tFilterTemplateFile& file);
+};
+
+// What the user filled in for one clause template: which variants are on and
+// the entries for the two value places. A clause with a companion template is
+// held as two records that point at each other; the first, the one in the data
+// set, owns the second. The template is not owned.
+class tClauseData : public tObject {
+ public:
+  tClauseData* Partner;
+  tClauseTemplate* Template;
+  int VariantStates[4];
+  DListtString Values0;
+  DListtString Values1;
+
+  tClauseData();
+  ~tClauseData() override;
+
+  int Check(int i);
+  int HasData();
+  int WriteParseable(FILE* out);
+  int Read(tFilterDataFile& in);
+  // Adds the generated texts of this record and of its companion to out.
+  int WriteFilter(DListtPrioritizedString& out);
+
+ private:
+  void WriteStates(FILE* out);
+  void WriteValues(FILE* out);
+  void ReadPart(tFilterDataFile& in);
+  void Expand(DListtPrioritizedString& out);
+};
+
+#endif

@@ -1,0 +1,77 @@
+#ifndef RULEFORGE_RULES_CLAUSLST_H
+#define RULEFORGE_RULES_CLAUSLST_H
+
+#include <cstdio>
+#include <string>
+#include <unordered_map>
+
+#include "parse/parsefil.h"
+#include "rules/clause.h"
+#include "rules/progress.h"
+#include "text/dlist.h"
+#include "text/dliststr.h"
+#include "text/str.h"
+
+// "~~~" closes a clause; "~~~~" opens a section of a template file or a data
+// set of the parseable section.
+extern const String ClauseSeparator;
+extern const String SectionSeparator;
+
+// The clause templates of one section of a template file, in file order. Holds
+// main templates only (companions hang off them) and owns them.
+class DListtClauseTemplate : public DList {
+ public:
+  tClauseTemplate* Current() const;
+  int Read(tFilterTemplateFile& file);
+  int Write(FILE* stream);
+  ~DListtClauseTemplate() override;
+};
+
+// One data set: a clause record for every clause template of its section that
+// is not fixed, in template order. Itself an element of the list of data sets.
+// Owns its records; the template list is not owned.
+class DListtClauseData : public DList, public tObject {
+ public:
+  DListtClauseData();
+  DListtClauseData(const char* name, DListtClauseTemplate* templates);
+  ~DListtClauseData() override;
+
+  DListtClauseTemplate* Templates;
+
+  int New();
+  String& Name(const char* newName);
+  tClauseData* Current() const;
+  int Read(tFilterDataFile& in);
+  int WriteParseable(FILE* out);
+  int WriteFilter(DListtPrioritizedString& out, tProgress* progress, int from, int to);
+
+ private:
+  String SetName;
+  // The first record of each clause name, built on first use after New(): the
+  // same record a walk from the head would find.
+  std::unordered_map<std::string, tClauseData*> ByName;
+  tClauseData* Find(const String& clauseName);
+};
+
+// Every data set of the document: "(Main)" first, then one per label in the
+// order the labels first occur. Owns the data sets.
+class DListOfDListtClauseData : public DList {
+ public:
+  ~DListOfDListtClauseData() override;
+
+  int New(DListtClauseTemplate* mainTemplates);
+  DListtClauseData* Current() const;
+  int Read(const char* fileName, const char* templateTitle, DListtClauseTemplate& mainTemplates,
+           DListtClauseTemplate& labelTemplates);
+  int Write(const char* fileName, const char* title, int firstLabel, DListtString& names,
+            DListtString& values);
+  // Writes the whole output to out; shownName is the name used in messages.
+  int WriteTo(FILE* out, const char* shownName, const char* title, int firstLabel,
+              DListtString& names, DListtString& values, tProgress& progress);
+
+ private:
+  void WriteSection(FILE* out, const char* title);
+  DListtClauseData* Find(const String& name);
+};
+
+#endif
