@@ -1,0 +1,2 @@
+VRK Filter Template File 
+Title
