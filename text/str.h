@@ -57,6 +57,10 @@ class String {
   struct tBlock;
   tBlock* Block;
 
+  // Selects the constructor that takes over a block fresh from NewBlock.
+  struct tAdopt {};
+  String(tBlock* adopted, tAdopt);
+
   static tBlock* NewBlock(const char* s, int n, int capacity);
   static void Release(tBlock* b);
   void Share(const String& other);

@@ -1,0 +1,177 @@
+#include "text/dliststr.h"
+
+#include <cstring>
+#include <iterator>
+#include <string>
+
+#include "text/strblock.h"
+
+namespace {
+
+// Byte order of two texts, as strcmp gives it.
+int Compare(const String& a, const String& b) {
+  int n = a.Length() < b.Length() ? a.Length() : b.Length();
+  int order = std::memcmp(a.Text(), b.Text(), n);
+  return order ? order : a.Length() - b.Length();
+}
+
+}  // namespace
+
+tString::tString() {}
+
+tString::tString(const String& s) : String(s) {}
+
+tString::tString(const tString& o) : String(o), tObject() {}
+
+int tString::Greater(tObject* other) { return Compare(*this, *static_cast<tString*>(other)) > 0; }
+
+int tString::Equals(tObject* other) { return *this == *static_cast<tString*>(other); }
+
+tObject* tString::Clone() { return new tString(*this); }
+
+tString::~tString() {}
+
+tPrioritizedString::tPrioritizedString() : Priority(0) {}
+
+tPrioritizedString::tPrioritizedString(const String& s, int priority) : tString(s), Priority(priority) {}
+
+tPrioritizedString::tPrioritizedString(const tPrioritizedString& o) : tString(o), Priority(o.Priority) {}
+
+int tPrioritizedString::Greater(tObject* other) {
+  return Priority > static_cast<tPrioritizedString*>(other)->Priority;
+}
+
+int tPrioritizedString::Equals(tObject* other) {
+  return Priority == static_cast<tPrioritizedString*>(other)->Priority;
+}
+
+tObject* tPrioritizedString::Clone() { return new tPrioritizedString(*this); }
+
+tPrioritizedString::~tPrioritizedString() {}
+
+tString* DListtString::Current() const { return static_cast<tString*>(CurrentObject()); }
+
+tString* DListtString::operator[](int i) { return static_cast<tString*>(DList::operator[](i)); }
+
+// Scans with an index instead of cutting pieces off the front of a work copy,
+// so a long line with many entries splits in linear time. A piece runs up to
+// and including its separator; the strip set then removes characters anywhere
+// in it, the separator among them when the set holds it.
+void DListtString::FromString(const char* text, const char* separators, const char* strip,
+                              int skipLeading) {
+  if (!text) return;
+  const tByteSet isSeparator(separators);
+  const tByteSet isStripped(strip);
+  const size_t n = std::strlen(text);
+  std::string piece;
+  size_t i = 0;
+  while (i < n) {
+    if (skipLeading) {
+      while (i < n && isSeparator.Has(text[i])) ++i;
+      if (i == n) break;
+    }
+    size_t end = i;
+    while (end < n && !isSeparator.Has(text[end])) ++end;
+    if (end < n) ++end;
+    piece.clear();
+    for (; i < end; ++i) {
+      if (!isStripped.Has(text[i])) piece += text[i];
+    }
+    ToTail(new tString(String(piece.c_str())));
+  }
+}
+
+String DListtString::ToString(const char* separator, int trailing) {
+  String joined;
+  GotoHead();
+  while (tString* s = Current()) {
+    joined += *s;
+    Next();
+    if (Current() || trailing) joined += separator;
+  }
+  return joined;
+}
+
+DListtString::~DListtString() { Clear(); }
+
+DListtPrioritizedString::DListtPrioritizedString() : IndexedChanges(Changes) {}
+
+tPrioritizedString* DListtPrioritizedString::Current() const {
+  return static_cast<tPrioritizedString*>(CurrentObject());
+}
+
+namespace {
+
+int PriorityOf(const DLink* link) { return static_cast<tPrioritizedString*>(link->Object)->Priority; }
+
+}  // namespace
+
+// Records the last link of each priority in one walk. A list found out of
+// order keeps an empty index, which tells ToSorted to walk instead.
+void DListtPrioritizedString::Reindex() {
+  LastOfPriority.clear();
+  IndexedChanges = Changes;
+  if (!Tail) return;
+  DLink* head = Tail->NextLink;
+  for (DLink* link = head;; link = link->NextLink) {
+    if (link != head && PriorityOf(link->PrevLink) > PriorityOf(link)) {
+      LastOfPriority.clear();
+      return;
+    }
+    LastOfPriority[PriorityOf(link)] = link;
+    if (link == Tail) return;
+  }
+}
+
+// The new text goes after the last text whose priority is at most its own. In
+// a list kept in order that place is unique, so the index finds it directly;
+// the cursor and PastEnd end as the step-by-step walk from the cursor leaves
+// them. A list that something else put out of order gets the walk itself,
+// whose result there depends on where the cursor stood.
+void DListtPrioritizedString::ToSorted(tPrioritizedString* p) {
+  if (IndexedChanges != Changes) Reindex();
+  // An element's priority may have been changed in place, which no change
+  // count sees: the place found is checked against its neighbours, and the
+  // index rebuilt once if it is off.
+  auto found = LastOfPriority.upper_bound(p->Priority);
+  auto placeHolds = [&] {
+    if (found == LastOfPriority.begin()) return PriorityOf(Tail->NextLink) > p->Priority;
+    DLink* last = std::prev(found)->second;
+    return PriorityOf(last) == std::prev(found)->first &&
+           (last == Tail || PriorityOf(last->NextLink) > p->Priority);
+  };
+  if (Tail && !LastOfPriority.empty() && !placeHolds()) {
+    Reindex();
+    found = LastOfPriority.upper_bound(p->Priority);
+  }
+
+  if (Tail && LastOfPriority.empty()) {
+    if (!Cursor) GotoHead();
+    if (Cursor && Cursor->Object->Greater(p)) {
+      while (Cursor && Cursor->Object->Greater(p)) Prev();
+    }
+    if (Cursor && !Cursor->Object->Greater(p)) {
+      while (Cursor && !Cursor->Object->Greater(p)) Next();
+    }
+    ToCurrent(p);
+    IndexedChanges = Changes;
+    return;
+  }
+
+  if (!Tail) {
+    ToTail(p);
+  } else if (found == LastOfPriority.begin()) {
+    Cursor = Tail->NextLink;
+    ToCurrent(p);
+    PastEnd = 0;
+  } else {
+    DLink* last = std::prev(found)->second;
+    Cursor = last == Tail ? nullptr : last->NextLink;
+    PastEnd = 1;
+    ToCurrent(p);
+  }
+  LastOfPriority[p->Priority] = Cursor;
+  IndexedChanges = Changes;
+}
+
+DListtPrioritizedString::~DListtPrioritizedString() { Clear(); }

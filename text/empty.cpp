@@ -1,0 +1,3 @@
+#include "text/str.h"
+
+String Empty;

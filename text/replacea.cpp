@@ -1,0 +1,103 @@
+#include "text/str.h"
+
+#include <climits>
+#include <cstring>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "text/strblock.h"
+
+namespace {
+
+// One left-to-right pass: each search resumes right after the text just
+// inserted, so an inserted `to` is never searched again.
+std::string ReplaceOnce(const char* text, int n, const char* from, int m, const char* to, int t) {
+  std::string out;
+  out.reserve(n);
+  const char* rest = text;
+  const char* end = text + n;
+  while (const void* hit = memmem(rest, end - rest, from, m)) {
+    const char* at = static_cast<const char*>(hit);
+    out.append(rest, at - rest).append(to, t);
+    rest = at + m;
+  }
+  return out.append(rest, end - rest);
+}
+
+// Gives the result of "replace the first occurrence, then search again from
+// the start" in linear time. Characters move one at a time onto `out`, the
+// inserted texts first, then the rest of the input; states[i] is how much of
+// `from` the output ends with after out[i], so the first time it reaches m the
+// output ends with the leftmost occurrence of the whole text. Popping that
+// occurrence and feeding `to` next replays exactly what the rescan would see.
+// Returns false when more than `limit` characters would have to be fed.
+bool Rescan(const char* text, int n, const char* from, int m, const char* to, int t,
+            long long limit, std::string& out) {
+  std::vector<int> fallback(m, 0);
+  for (int i = 1, k = 0; i < m; ++i) {
+    while (k > 0 && from[i] != from[k]) k = fallback[k - 1];
+    if (from[i] == from[k]) ++k;
+    fallback[i] = k;
+  }
+  std::vector<int> states;
+  std::string pending;  // a stack: its back is the next character to feed
+  int next = 0;
+  long long fed = 0;
+  out.clear();
+  for (;;) {
+    char c;
+    if (!pending.empty()) {
+      c = pending.back();
+      pending.pop_back();
+    } else if (next < n) {
+      c = text[next++];
+    } else {
+      return true;
+    }
+    if (++fed > limit) return false;
+    int q = states.empty() ? 0 : states.back();
+    while (q > 0 && from[q] != c) q = fallback[q - 1];
+    if (from[q] == c) ++q;
+    out.push_back(c);
+    states.push_back(q);
+    if (q == m) {
+      out.resize(out.size() - m);
+      states.resize(states.size() - m);
+      for (int j = t - 1; j >= 0; --j) pending.push_back(to[j]);
+    }
+  }
+}
+
+}  // namespace
+
+String& String::ReplaceAll(const char* from, const char* to) {
+  if (!from || !*from) return *this;
+  if (!to) to = "";
+  const int m = static_cast<int>(std::strlen(from));
+  const int t = static_cast<int>(std::strlen(to));
+  const int n = Block->Length;
+  const char* text = Block->Chars();
+  if (!memmem(text, n, from, m)) return *this;
+
+  std::string result;
+  // When `to` contains `from` the rescan never ends: every replacement leaves a
+  // new occurrence behind, so the single pass is the only useful answer.
+  bool rescanned = false;
+  if (!memmem(to, t, from, m)) {
+    // The rescan can also run forever without that (replacing "ab" by "bbaa"
+    // in "aab" re-creates "ab" with its left neighbour every time), and no
+    // cheap test tells the two apart. So its work is capped at eight times the
+    // most the single pass could feed, plus a million characters: far beyond
+    // any cascade that real substitutions set off, and a bound on memory too.
+    // Past the cap the single-pass result stands, as for `to` containing `from`.
+    long long singlePass = n + (static_cast<long long>(n / m) + 1) * t;
+    long long limit = singlePass > (LLONG_MAX - 1000000) / 8 ? LLONG_MAX : 8 * singlePass + 1000000;
+    rescanned = Rescan(text, n, from, m, to, t, limit, result);
+  }
+  if (!rescanned) result = ReplaceOnce(text, n, from, m, to, t);
+  if (result.size() > static_cast<size_t>(MaxLength)) throw std::bad_alloc();
+  const int length = static_cast<int>(result.size());
+  Adopt(NewBlock(result.data(), length, length));
+  return *this;
+}

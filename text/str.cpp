@@ -1,0 +1,116 @@
+#include "text/str.h"
+
+#include <cstring>
+#include <new>
+
+#include "text/strblock.h"
+
+String::String() { Block = NewBlock(nullptr, 0, 0); }
+
+String::String(const char* s) { Make(s); }
+
+String::String(const String& o) : Block(nullptr) { Share(o); }
+
+String::String(tBlock* adopted, tAdopt) : Block(adopted) {}
+
+String::~String() {
+  Release(Block);
+  Block = nullptr;
+}
+
+String::tBlock* String::NewBlock(const char* s, int n, int capacity) {
+  if (n < 0 || capacity < n || capacity > MaxLength) throw std::bad_alloc();
+  void* memory = ::operator new(sizeof(tBlock) + static_cast<size_t>(capacity) + 1);
+  tBlock* b = new (memory) tBlock{1, n, capacity};
+  if (n > 0) std::memcpy(b->Chars(), s, n);
+  b->Chars()[n] = '\0';
+  return b;
+}
+
+void String::Release(tBlock* b) {
+  if (b && --b->Refs == 0) ::operator delete(b);
+}
+
+// Takes a reference before dropping the old block, so sharing with oneself is
+// safe. A block whose count is full gets a private copy instead of a wrapped
+// count.
+void String::Share(const String& other) {
+  if (Block == other.Block) return;
+  tBlock* b = other.Block;
+  if (b->Refs == MaxRefs) {
+    b = NewBlock(b->Chars(), b->Length, b->Length);
+  } else {
+    ++b->Refs;
+  }
+  Release(Block);
+  Block = b;
+}
+
+void String::Unshare() {
+  if (Block->Refs > 1) Adopt(NewBlock(Block->Chars(), Block->Length, Block->Length));
+}
+
+void String::Adopt(tBlock* b) {
+  Release(Block);
+  Block = b;
+}
+
+// Grows an unshared block geometrically so that repeated appends cost linear
+// time in total; s may point into this string's own text, so the old block
+// stays alive until the new one is filled.
+void String::Append(const char* s, int n) {
+  if (n <= 0) return;
+  int length = Block->Length;
+  if (n > MaxLength - length) throw std::bad_alloc();
+  int need = length + n;
+  if (Block->Refs == 1 && need <= Block->Capacity) {
+    std::memmove(Block->Chars() + length, s, n);
+    Block->Chars()[need] = '\0';
+    Block->Length = need;
+    return;
+  }
+  int capacity = need;
+  if (Block->Refs == 1) {
+    capacity = length > MaxLength / 2 ? MaxLength : length * 2;
+    if (capacity < need) capacity = need;
+  }
+  tBlock* b = NewBlock(Block->Chars(), length, capacity);
+  std::memcpy(b->Chars() + length, s, n);
+  b->Chars()[need] = '\0';
+  b->Length = need;
+  Adopt(b);
+}
+
+int String::Length(int max) const {
+  if (max <= 0) return 0;
+  return Block->Length < max ? Block->Length : max;
+}
+
+String String::Head(int n) const { return Copy(0, n); }
+
+char& String::operator[](int i) {
+  Unshare();
+  return Block->Chars()[i];
+}
+
+String::operator char*() {
+  Unshare();
+  return Block->Chars();
+}
+
+const char* String::Text() const { return Block->Chars(); }
+
+int String::Shares() const { return Block->Refs; }
+
+int operator==(const String& a, const String& b) {
+  int n = a.Length();
+  return n == b.Length() && std::memcmp(a.Text(), b.Text(), n) == 0;
+}
+
+int operator==(const String& a, const char* b) {
+  return std::strcmp(a.Text(), b ? b : "") == 0;
+}
+
+int operator!=(const String& a, const String& b) { return !(a == b); }
+
+int operator!=(const String& a, const char* b) { return !(a == b); }
