@@ -169,6 +169,44 @@ TEST(StringEdit, ReplaceAllAgreesWithTheRescanRule) {
   EXPECT_GT(compared, 10000);
 }
 
+// Longer texts over three letters: most replacements leave no new occurrence
+// behind, so the single pass answers, and the rest must be caught by its check
+// of the characters around each inserted text.
+TEST(StringEdit, ReplaceAllSinglePassKnowsWhenToRescan) {
+  struct Case { const char* text; const char* from; const char* to; const char* expected; } cases[] = {
+      {"xabcabc", "abc", "", "x"},       // shortening at the very end
+      {"aabcbc", "abc", "", ""},         // the left neighbour completes a new one
+      {"abcc", "abc", "ab", "ab"},       // the inserted text and the right neighbour
+      {"aabab", "ab", "b", "bb"},        {"ab${0}", "${0}", "x", "abx"},
+      {"$${0}{0}", "${0}", "", ""},      {"${0}0}", "${0}", "${", "${"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(c.text) + ": " + c.from + " -> " + c.to);
+    String s(c.text);
+    EXPECT_STREQ(s.ReplaceAll(c.from, c.to).Text(), c.expected);
+  }
+
+  std::mt19937 random(11);
+  auto word = [&](int min, int max) {
+    std::string w(std::uniform_int_distribution<int>(min, max)(random), 'a');
+    for (char& c : w) c = "ab$"[random() % 3];
+    return w;
+  };
+  int compared = 0, rescans = 0;
+  for (int round = 0; round < 20000; ++round) {
+    std::string text = word(0, 60), from = word(1, 4), to = word(0, 6), expected = text;
+    if (to.find(from) != std::string::npos) continue;
+    if (!NaiveReplaceAll(expected, from, to, 5000)) continue;
+    if (expected != OnePass(text, from, to)) ++rescans;
+    SCOPED_TRACE(text + ": " + from + " -> " + to);
+    String s(text.c_str());
+    ASSERT_STREQ(s.ReplaceAll(from.c_str(), to.c_str()).Text(), expected.c_str());
+    ++compared;
+  }
+  EXPECT_GT(compared, 15000);
+  EXPECT_GT(rescans, 500);
+}
+
 TEST(StringEdit, ReplaceAllIsLinear) {
   // 100,000 cascading replacements, each created by the one before.
   String s((std::string(100000, 'a') + std::string(100000, 'b')).c_str());

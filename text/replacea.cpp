@@ -69,6 +69,38 @@ bool Rescan(const char* text, int n, const char* from, int m, const char* to, in
   }
 }
 
+// The single pass into out, which has room for its result, giving up (false)
+// as soon as the rescan would differ from it. After a replacement the rescan
+// looks again from the start; the text before the replaced occurrence held
+// none, so a new one can only start within m - 1 characters before the
+// inserted text or inside it. Finding none in that window after every
+// replacement proves that the rescan resumes after the inserted text, as the
+// single pass does.
+bool ReplaceChecked(const char* text, int n, const char* from, int m, const char* to, int t,
+                    char* out) {
+  char* put = out;
+  const char* rest = text;
+  const char* end = text + n;
+  while (const void* hit = memmem(rest, end - rest, from, m)) {
+    const char* at = static_cast<const char*>(hit);
+    std::memcpy(put, rest, at - rest);
+    put += at - rest;
+    char* first = put - out >= m - 1 ? put - (m - 1) : out;
+    std::memcpy(put, to, t);
+    put += t;
+    rest = at + m;
+    // Fewer than m characters follow the inserted text in the window, so an
+    // occurrence found there starts before the inserted text's end. They are
+    // copied ahead and overwritten by the next step.
+    int tail = end - rest < m - 1 ? static_cast<int>(end - rest) : m - 1;
+    std::memcpy(put, rest, tail);
+    if (memmem(first, put + tail - first, from, m)) return false;
+  }
+  std::memcpy(put, rest, end - rest);
+  put[end - rest] = '\0';
+  return true;
+}
+
 }  // namespace
 
 String& String::ReplaceAll(const char* from, const char* to) {
@@ -78,13 +110,29 @@ String& String::ReplaceAll(const char* from, const char* to) {
   const int t = static_cast<int>(std::strlen(to));
   const int n = Block->Length;
   const char* text = Block->Chars();
-  if (!memmem(text, n, from, m)) return *this;
+  long long count = 0;
+  for (const char* rest = text; const void* hit = memmem(rest, text + n - rest, from, m); ++count)
+    rest = static_cast<const char*>(hit) + m;
+  if (count == 0) return *this;
 
   std::string result;
   // When `to` contains `from` the rescan never ends: every replacement leaves a
   // new occurrence behind, so the single pass is the only useful answer.
   bool rescanned = false;
   if (!memmem(to, t, from, m)) {
+    // Usually no replacement brings a new occurrence about, and the single
+    // pass is the rescan's result.
+    // The check copies up to m - 1 characters ahead of the output, which may
+    // reach past its end when the last replacements shorten the text.
+    long long length = n + count * (static_cast<long long>(t) - m);
+    if (length + m > MaxLength) throw std::bad_alloc();
+    tBlock* b = NewBlock(nullptr, 0, static_cast<int>(length + m - 1));
+    if (ReplaceChecked(text, n, from, m, to, t, b->Chars())) {
+      b->Length = static_cast<int>(length);
+      Adopt(b);
+      return *this;
+    }
+    Release(b);
     // The rescan can also run forever without that (replacing "ab" by "bbaa"
     // in "aab" re-creates "ab" with its left neighbour every time), and no
     // cheap test tells the two apart. So its work is capped at eight times the
