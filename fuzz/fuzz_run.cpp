@@ -1,0 +1,34 @@
+// Bytes as a whole run: everything before the first NUL byte is the template
+// file, everything after it the data input (empty when there is no NUL). The
+// template is read, the data read against it and the output written to
+// /dev/null, each stage only while no error has been recorded, as a run does.
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "app/common.h"
+#include "app/filterd.h"
+#include "fuzz/fuzz_support.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  ResetRun();
+  const uint8_t* nul = static_cast<const uint8_t*>(std::memchr(data, 0, size));
+  size_t templateSize = nul ? static_cast<size_t>(nul - data) : size;
+  size_t dataStart = nul ? templateSize + 1 : size;
+  TempFile templateFile(data, templateSize);
+  TempFile dataFile(data + dataStart, size - dataStart);
+
+  tFilterData doc(templateFile.Path(), 0);
+  FUZZ_CHECK(error == 0 || error == 2);
+  if (error == 0) {
+    doc.ReadData(dataFile.Path());
+    FUZZ_CHECK(error == 0 || error == 4 || error == 6);
+  }
+  if (error == 0) {
+    tProgress progress;
+    int result = doc.DataSets.WriteTo(NullOutput(), "", doc.TemplateTitle.Text(), doc.FirstLabel,
+                                      doc.SubstitutionNames, doc.SubstitutionValues, progress);
+    FUZZ_CHECK(result >= 0 && error == 0);
+  }
+  return 0;
+}

@@ -1,0 +1,71 @@
+#include "fuzz/fuzz_support.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <unistd.h>
+
+#include "app/common.h"
+
+namespace {
+
+// Memory-backed /dev/shm when TMPDIR does not say otherwise: on a disk, the
+// files made and removed for every input cost more than the run itself.
+const char* TempDir(size_t size) {
+  const char* dir = std::getenv("TMPDIR");
+  if (dir && *dir && std::strlen(dir) < size - 32) return dir;
+  return access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp";
+}
+
+void MakeTemp(char* path, size_t size) {
+  const char* dir = TempDir(size);
+  std::snprintf(path, size, "%s/ruleforge-fuzz-XXXXXX", dir);
+  int fd = mkstemp(path);
+  if (fd < 0) {
+    std::perror("mkstemp");
+    std::abort();
+  }
+  close(fd);
+}
+
+}  // namespace
+
+TempFile::TempFile() { MakeTemp(path_, sizeof path_); }
+
+TempFile::TempFile(const void* data, size_t size) {
+  MakeTemp(path_, sizeof path_);
+  FILE* f = std::fopen(path_, "wb");
+  if (!f || std::fwrite(data, 1, size, f) != size || std::fclose(f) != 0) {
+    std::perror(path_);
+    std::abort();
+  }
+}
+
+TempFile::~TempFile() { unlink(path_); }
+
+std::string TempFile::Contents() const {
+  std::string text;
+  FILE* f = std::fopen(path_, "rb");
+  if (!f) return text;
+  char buffer[4096];
+  size_t n;
+  while ((n = std::fread(buffer, 1, sizeof buffer, f)) > 0) text.append(buffer, n);
+  std::fclose(f);
+  return text;
+}
+
+FILE* NullOutput() {
+  static FILE* null = std::fopen("/dev/null", "w");
+  if (!null) {
+    std::perror("/dev/null");
+    std::abort();
+  }
+  return null;
+}
+
+void ResetRun() { error = 0; }
+
+void FuzzFail(const char* file, int line, const char* what) {
+  std::fprintf(stderr, "%s:%d: property failed: %s\n", file, line, what);
+  std::fflush(stderr);
+  std::abort();
+}

@@ -1,0 +1,42 @@
+#ifndef RULEFORGE_FUZZ_FUZZ_SUPPORT_H
+#define RULEFORGE_FUZZ_FUZZ_SUPPORT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+// What the fuzz targets share: the library reads templates and data by file
+// name, so each input goes through a private temporary file; output goes to a
+// null stream; and a failed property aborts, so that libFuzzer and the replay
+// driver both report it, whatever NDEBUG says.
+
+// A file made with mkstemp, removed again when this goes out of scope.
+class TempFile {
+ public:
+  TempFile();
+  TempFile(const void* data, size_t size);
+  ~TempFile();
+  TempFile(const TempFile&) = delete;
+  TempFile& operator=(const TempFile&) = delete;
+
+  const char* Path() const { return path_; }
+  // The file's whole content.
+  std::string Contents() const;
+
+ private:
+  char path_[64];
+};
+
+// /dev/null, opened once and kept for the life of the process.
+FILE* NullOutput();
+
+// Resets the library's global state before an input runs: the last error code.
+void ResetRun();
+
+[[noreturn]] void FuzzFail(const char* file, int line, const char* what);
+
+#define FUZZ_CHECK(condition) \
+  ((condition) ? (void)0 : FuzzFail(__FILE__, __LINE__, #condition))
+
+#endif

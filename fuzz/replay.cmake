@@ -1,0 +1,11 @@
+# Replays the checked-in corpus of every fuzz target as an ordinary test, with
+# the target's entry function and a plain main instead of libFuzzer, so that
+# the corpus and its regression inputs stay covered in any build.
+foreach(target fuzz_template fuzz_data fuzz_run)
+  add_executable(replay_${target} ${CMAKE_CURRENT_LIST_DIR}/${target}.cpp
+                 ${CMAKE_CURRENT_LIST_DIR}/fuzz_support.cpp ${CMAKE_CURRENT_LIST_DIR}/replay_main.cpp)
+  target_link_libraries(replay_${target} PRIVATE ruleforge_core)
+  add_test(NAME fuzz_replay.${target}
+           COMMAND replay_${target} ${CMAKE_CURRENT_LIST_DIR}/corpus/${target})
+  set_tests_properties(fuzz_replay.${target} PROPERTIES LABELS fuzz_replay)
+endforeach()
