@@ -4,7 +4,10 @@
 # the expected standard output, standard error and exit status (stdout, stderr,
 # status). Optional: dump (the expected /tmp/template.dmp), stdout-to (a path
 # that standard output goes to instead, e.g. /dev/full), closed-stdin (run with
-# standard input closed), no-dump (no /tmp/template.dmp may be written), roundtrip (the output fed back in must reproduce
+# standard input closed), closed-stdout (run with standard output closed),
+# setup (an executable run in the work folder before the run, to make inputs
+# and expected files too large to check in), no-memcheck (not run under
+# valgrind), no-dump (no /tmp/template.dmp may be written), roundtrip (the output fed back in must reproduce
 # itself). RULEFORGE_WRAPPER, when set, is put in front of the program (e.g.
 # valgrind). Usage: run_case.sh <dir of the ruleforge binary> <case dir>
 set -u
@@ -21,12 +24,15 @@ run() {  # run <stdin file> <stdout file>
   local in=$1 out=$2
   if [ -f closed-stdin ]; then
     ${RULEFORGE_WRAPPER:-} ruleforge "${args[@]}" <&- >"$out" 2>actual.stderr
+  elif [ -f closed-stdout ]; then
+    ${RULEFORGE_WRAPPER:-} ruleforge "${args[@]}" <"$in" >&- 2>actual.stderr
   else
     ${RULEFORGE_WRAPPER:-} ruleforge "${args[@]}" <"$in" >"$out" 2>actual.stderr
   fi
   echo $? >actual.status
 }
 
+if [ -x setup ] && ! ./setup; then echo "--- setup failed"; exit 1; fi
 input=/dev/null
 [ -f stdin ] && input=stdin
 if [ -f dump ] || [ -f no-dump ]; then rm -f /tmp/template.dmp; fi
@@ -40,7 +46,7 @@ check() {  # check <expected> <actual>
     echo "--- $1 differs:"; diff "$1" "$2" | head -40; fail=1
   fi
 }
-[ -f stdout-to ] || check stdout actual.stdout
+[ -f stdout-to ] || [ -f closed-stdout ] || check stdout actual.stdout
 check stderr actual.stderr
 check status actual.status
 if [ -f dump ]; then
