@@ -1,6 +1,8 @@
 #ifndef RULEFORGE_RULES_SUBSTIT_H
 #define RULEFORGE_RULES_SUBSTIT_H
 
+#include <vector>
+
 #include "text/dliststr.h"
 #include "text/str.h"
 
@@ -16,6 +18,36 @@ class tSubstitutions {
  private:
   DListtString& Names;
   DListtString& Values;
+
+  // An automaton over all names finds, in one pass over a text, which names
+  // occur in it; a pair whose name does not occur changes nothing, so only the
+  // pairs found are applied. Without it (names too large for the table) every
+  // pair is applied in turn.
+  int Pairs;
+  bool Scanning;
+  std::vector<String> PairNames;
+  std::vector<String> PairValues;
+  // The state that recognises each pair's name; -1 for an empty name.
+  std::vector<int> NameState;
+  unsigned char ClassOf[256];
+  int Classes;
+  // Next state by state * Classes + class of the next byte.
+  std::vector<int> Goto;
+  // The first state along the chain of suffixes of a state (itself included)
+  // that recognises a name, and the next such state after a given one; -1
+  // where there is none.
+  std::vector<int> FirstFound;
+  std::vector<int> NextFound;
+  // The pairs whose name each state recognises, in pair order.
+  std::vector<std::vector<int>> PairsOf;
+  // A state recognised during the scan numbered Stamp has SeenAt == Stamp.
+  std::vector<unsigned> SeenAt;
+  unsigned Stamp;
+  // The pairs whose names the last scan found, in pair order.
+  std::vector<int> Found;
+
+  void Build();
+  void Scan(const String& text);
 };
 
 #endif
