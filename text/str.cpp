@@ -7,7 +7,7 @@
 
 String::String() { Block = NewBlock(nullptr, 0, 0); }
 
-String::String(const char* s) { Make(s); }
+String::String(const char* s) : Block(nullptr) { Make(s); }
 
 String::String(const String& o) : Block(nullptr) { Share(o); }
 
