@@ -285,7 +285,8 @@ TEST(StringCore, CopyOnWrite) {
   EXPECT_STREQ(a.Text(), "Xbcd");
   EXPECT_STREQ(b.Text(), "aYcd");
 
-  a = a;
+  String& self = a;
+  a = self;
   EXPECT_STREQ(a.Text(), "Xbcd");
   a = a.Text() + 1;
   EXPECT_STREQ(a.Text(), "bcd");
