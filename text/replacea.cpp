@@ -17,8 +17,7 @@ std::string ReplaceOnce(const char* text, int n, const char* from, int m, const 
   out.reserve(n);
   const char* rest = text;
   const char* end = text + n;
-  while (const void* hit = memmem(rest, end - rest, from, m)) {
-    const char* at = static_cast<const char*>(hit);
+  while (const char* at = FindBytes(rest, end, from, m)) {
     out.append(rest, at - rest).append(to, t);
     rest = at + m;
   }
@@ -81,8 +80,7 @@ bool ReplaceChecked(const char* text, int n, const char* from, int m, const char
   char* put = out;
   const char* rest = text;
   const char* end = text + n;
-  while (const void* hit = memmem(rest, end - rest, from, m)) {
-    const char* at = static_cast<const char*>(hit);
+  while (const char* at = FindBytes(rest, end, from, m)) {
     std::memcpy(put, rest, at - rest);
     put += at - rest;
     char* first = put - out >= m - 1 ? put - (m - 1) : out;
@@ -94,7 +92,7 @@ bool ReplaceChecked(const char* text, int n, const char* from, int m, const char
     // copied ahead and overwritten by the next step.
     int tail = end - rest < m - 1 ? static_cast<int>(end - rest) : m - 1;
     std::memcpy(put, rest, tail);
-    if (memmem(first, put + tail - first, from, m)) return false;
+    if (FindBytes(first, put + tail, from, m)) return false;
   }
   std::memcpy(put, rest, end - rest);
   put[end - rest] = '\0';
@@ -111,15 +109,14 @@ String& String::ReplaceAll(const char* from, const char* to) {
   const int n = Block->Length;
   const char* text = Block->Chars();
   long long count = 0;
-  for (const char* rest = text; const void* hit = memmem(rest, text + n - rest, from, m); ++count)
-    rest = static_cast<const char*>(hit) + m;
+  for (const char* at = text; (at = FindBytes(at, text + n, from, m)); at += m) ++count;
   if (count == 0) return *this;
 
   std::string result;
   // When `to` contains `from` the rescan never ends: every replacement leaves a
   // new occurrence behind, so the single pass is the only useful answer.
   bool rescanned = false;
-  if (!memmem(to, t, from, m)) {
+  if (!FindBytes(to, to + t, from, m)) {
     // Usually no replacement brings a new occurrence about, and the single
     // pass is the rescan's result.
     // The check copies up to m - 1 characters ahead of the output, which may

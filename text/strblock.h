@@ -2,6 +2,7 @@
 #define RULEFORGE_TEXT_STRBLOCK_H
 
 #include <climits>
+#include <cstring>
 
 #include "text/str.h"
 
@@ -40,5 +41,22 @@ struct tByteSet {
   }
   bool Has(char c) const { return In[static_cast<unsigned char>(c)]; }
 };
+
+// The first occurrence of the m bytes at needle (m >= 1) within [p, end), or
+// null. Short needles are found by their first byte and a compare, which on
+// the short texts of most calls beats memmem's setup and costs at most m
+// compares per byte; longer ones go to memmem, which stays linear.
+inline const char* FindBytes(const char* p, const char* end, const char* needle, int m) {
+  if (end - p < m) return nullptr;
+  if (m > 8) return static_cast<const char*>(memmem(p, end - p, needle, m));
+  const char* last = end - m;
+  while (p <= last) {
+    p = static_cast<const char*>(std::memchr(p, needle[0], last - p + 1));
+    if (!p) return nullptr;
+    if (std::memcmp(p + 1, needle + 1, m - 1) == 0) return p;
+    ++p;
+  }
+  return nullptr;
+}
 
 #endif
