@@ -43,7 +43,7 @@ run "$input" "$target"
 fail=0
 check() {  # check <expected> <actual>
   if ! cmp -s "$1" "$2"; then
-    echo "--- $1 differs:"; diff "$1" "$2" | head -40; fail=1
+    echo "--- $1 differs:"; diff "$1" "$2" | head -40 | cut -c1-200; fail=1
   fi
 }
 [ -f stdout-to ] || [ -f closed-stdout ] || check stdout actual.stdout
