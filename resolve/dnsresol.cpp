@@ -33,7 +33,8 @@ String tDNSResolver::Lookup(const String& name) {
   int semicolon = host.At(';');
   if (semicolon >= 0) suffix = host.Cut(semicolon);
 
-  String dotsAndDigits = Digits + ".";
+  // Built once: every entry of every resolved place comes through here.
+  static const String dotsAndDigits = Digits + ".";
   if (host.AtFirstNotIn(dotsAndDigits.Text()) >= 0) {
     auto known = Index.find(host.Text());
     if (known != Index.end()) {
