@@ -170,7 +170,13 @@ void DListtPrioritizedString::ToSorted(tPrioritizedString* p) {
     PastEnd = 1;
     ToCurrent(p);
   }
-  LastOfPriority[p->Priority] = Cursor;
+  // found is still the first priority above p's, so the entry for p's
+  // priority is just before it or goes there: no second search.
+  if (found != LastOfPriority.begin() && std::prev(found)->first == p->Priority) {
+    std::prev(found)->second = Cursor;
+  } else {
+    LastOfPriority.emplace_hint(found, p->Priority, Cursor);
+  }
   IndexedChanges = Changes;
 }
 
