@@ -119,11 +119,12 @@ String& String::ReplaceAll(const char* from, const char* to) {
   if (!FindBytes(to, to + t, from, m)) {
     // Usually no replacement brings a new occurrence about, and the single
     // pass is the rescan's result.
-    // The check copies up to m - 1 characters ahead of the output, which may
-    // reach past its end when the last replacements shorten the text.
+    // The check copies up to m - 1 characters ahead of the output, which can
+    // reach past its end only when replacements shorten the text.
     long long length = n + count * (static_cast<long long>(t) - m);
-    if (length + m > MaxLength) throw std::bad_alloc();
-    tBlock* b = NewBlock(nullptr, 0, static_cast<int>(length + m - 1));
+    long long ahead = t < m ? m - 1 : 0;
+    if (length + ahead > MaxLength) throw std::bad_alloc();
+    tBlock* b = NewBlock(nullptr, 0, static_cast<int>(length + ahead));
     if (ReplaceChecked(text, n, from, m, to, t, b->Chars())) {
       b->Length = static_cast<int>(length);
       Adopt(b);
