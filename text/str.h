@@ -18,7 +18,8 @@ class String {
   String(const String& o);
   ~String();
 
-  // Initialise a handle whose block is null (construction only).
+  // Give the handle a fresh block holding s, or n in decimal; a block it
+  // still holds is released first.
   void Make(const char* s);
   void Make(long n);
 
