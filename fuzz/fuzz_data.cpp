@@ -85,7 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   doc.ReadData(input.Path());
   // Only a missing head and an unknown clause stop a run at this point.
   FUZZ_CHECK(error == 0 || error == 4 || error == 6);
-  if (error != 0) return 0;
+  if (error != 0 || OutputTextBound(doc) > kMaxOutputTexts) return 0;
   tProgress progress;
   int result = doc.DataSets.WriteTo(NullOutput(), "", doc.TemplateTitle.Text(), doc.FirstLabel,
                                     doc.SubstitutionNames, doc.SubstitutionValues, progress);

@@ -24,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     doc.ReadData(dataFile.Path());
     FUZZ_CHECK(error == 0 || error == 4 || error == 6);
   }
-  if (error == 0) {
+  if (error == 0 && OutputTextBound(doc) <= kMaxOutputTexts) {
     tProgress progress;
     int result = doc.DataSets.WriteTo(NullOutput(), "", doc.TemplateTitle.Text(), doc.FirstLabel,
                                       doc.SubstitutionNames, doc.SubstitutionValues, progress);

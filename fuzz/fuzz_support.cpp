@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "app/common.h"
+#include "app/filterd.h"
 
 namespace {
 
@@ -60,6 +61,38 @@ FILE* NullOutput() {
     std::abort();
   }
   return null;
+}
+
+namespace {
+
+long long RecordBound(tClauseData& record) {
+  long long pairs = (record.Values0.Size() + 1LL) * (record.Values1.Size() + 1LL);
+  long long texts = 0;
+  for (int v = 0; v < 4; ++v) {
+    texts += record.Template->SingleTexts[v].Size() + record.Template->ValueTexts[v].Size() * pairs;
+  }
+  return texts;
+}
+
+}  // namespace
+
+long long OutputTextBound(tFilterData& doc) {
+  long long texts = 0;
+  for (int i = 0; i < doc.DataSets.Size(); ++i) {
+    DListtClauseData* set = static_cast<DListtClauseData*>(doc.DataSets[i]);
+    if (set->Templates) {
+      for (int t = 0; t < set->Templates->Size(); ++t) {
+        tClauseTemplate* clause = static_cast<tClauseTemplate*>((*set->Templates)[t]);
+        for (int v = 0; v < 4; ++v) texts += clause->SingleTexts[v].Size();
+      }
+    }
+    for (int r = 0; r < set->Size(); ++r) {
+      tClauseData* record = static_cast<tClauseData*>((*set)[r]);
+      texts += RecordBound(*record);
+      if (record->Partner) texts += RecordBound(*record->Partner);
+    }
+  }
+  return texts;
 }
 
 void ResetRun() { error = 0; }

@@ -31,6 +31,15 @@ class TempFile {
 // /dev/null, opened once and kept for the life of the process.
 FILE* NullOutput();
 
+class tFilterData;
+
+// An upper bound on the number of texts the output of doc's data would hold.
+// Inputs of a few kilobytes can ask for millions (one text per pair of values);
+// that is the format working as meant, so the targets skip writing them rather
+// than report the time and memory they take.
+long long OutputTextBound(tFilterData& doc);
+const long long kMaxOutputTexts = 200000;
+
 // Resets the library's global state before an input runs: the last error code.
 void ResetRun();
 
