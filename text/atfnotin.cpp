@@ -5,11 +5,5 @@
 int String::AtFirstNotIn(const char* set, int start, int count) const {
   int length = Block->Length;
   if (start < 0 || start > length) return -1;
-  int end = RangeEnd(start, count, length);
-  tByteSet members(set);
-  const char* text = Block->Chars();
-  for (int i = start; i < end; ++i) {
-    if (!members.Has(text[i])) return i;
-  }
-  return -1;
+  return tByteSet(set).First(Block->Chars(), start, RangeEnd(start, count, length), false);
 }

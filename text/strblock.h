@@ -40,6 +40,14 @@ struct tByteSet {
     for (; set && *set; ++set) In[static_cast<unsigned char>(*set)] = true;
   }
   bool Has(char c) const { return In[static_cast<unsigned char>(c)]; }
+  // The first position in start .. end - 1 whose byte is (or, with member
+  // false, is not) in the set; -1 when there is none.
+  int First(const char* text, int start, int end, bool member) const {
+    for (int i = start; i < end; ++i) {
+      if (Has(text[i]) == member) return i;
+    }
+    return -1;
+  }
 };
 
 // The first occurrence of the m bytes at needle (m >= 1) within [p, end), or
