@@ -3,7 +3,6 @@
 
 #include <cstdio>
 #include <fstream>
-#include <sstream>
 #include <string>
 
 #include "app/common.h"
@@ -11,13 +10,6 @@
 #include "testutil.h"
 
 namespace {
-
-std::string Slurp(const std::string& path) {
-  std::ifstream in(path);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 int Exists(const std::string& path) {
   struct stat info;

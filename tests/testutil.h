@@ -5,7 +5,19 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <string>
+
+// A file of tests/data.
+inline std::string TestData(const char* name) { return std::string(RULEFORGE_TEST_DATA) + "/" + name; }
+
+inline std::string Slurp(const std::string& path) {
+  std::ifstream in(path);
+  std::stringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
 
 // A file in /tmp holding the given text, removed when the object goes.
 class TempFile {
