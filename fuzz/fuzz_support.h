@@ -45,7 +45,6 @@ void ResetRun();
 
 [[noreturn]] void FuzzFail(const char* file, int line, const char* what);
 
-#define FUZZ_CHECK(condition) \
-  ((condition) ? (void)0 : FuzzFail(__FILE__, __LINE__, #condition))
+#define FUZZ_CHECK(condition) ((condition) ? (void)0 : FuzzFail(__FILE__, __LINE__, #condition))
 
 #endif

@@ -18,8 +18,12 @@ int Holds(const String& s, const char* what) { return s.At(what) >= 0; }
 // lines with "\n"; a '\r' may be taken for a line end when read back; an empty
 // title line would be skipped.
 bool StringsSafe(const tClauseTemplate& t) {
-  const String* strings[] = {&t.Name, &t.VariantLabels[0], &t.VariantLabels[1],
-                             &t.VariantLabels[2], &t.VariantLabels[3], &t.Value0Label,
+  const String* strings[] = {&t.Name,
+                             &t.VariantLabels[0],
+                             &t.VariantLabels[1],
+                             &t.VariantLabels[2],
+                             &t.VariantLabels[3],
+                             &t.Value0Label,
                              &t.Value1Label};
   for (const String* s : strings) {
     if (Holds(*s, "\"") || Holds(*s, "\r")) return false;

@@ -16,8 +16,8 @@ namespace {
 String Resolve(const String& name) {
   hostent* host = gethostbyname(name.Text());
   if (!host || host->h_addrtype != AF_INET || !host->h_addr_list[0]) {
-    Warning(7, String("Could not resolve '") + name +
-                   "'. Putting unresolved name into filter file");
+    Warning(7,
+            String("Could not resolve '") + name + "'. Putting unresolved name into filter file");
     return name;
   }
   in_addr address;

@@ -80,9 +80,11 @@ void tClauseData::ReadPart(tFilterDataFile& in) {
     VariantStates[k] = state ? (*state == "0" ? 0 : 1) : 0;
   }
   Values0.Clear();
-  if (!BeginsWithTilde(in)) Values0.FromString(in.GetLine().Text(), kValueSeparators, kValueStrip, 0);
+  if (!BeginsWithTilde(in))
+    Values0.FromString(in.GetLine().Text(), kValueSeparators, kValueStrip, 0);
   Values1.Clear();
-  if (!BeginsWithTilde(in)) Values1.FromString(in.GetLine().Text(), kValueSeparators, kValueStrip, 0);
+  if (!BeginsWithTilde(in))
+    Values1.FromString(in.GetLine().Text(), kValueSeparators, kValueStrip, 0);
   while (!in.Eof() && !BeginsWithTilde(in)) in.Next();
 }
 

@@ -52,8 +52,8 @@ int DListOfDListtClauseData::WriteTo(FILE* out, const char* shownName, const cha
   if (count == 0) return 0;
 
   DListtPrioritizedString output;
-  int result = static_cast<DListtClauseData*>((*this)[0])->WriteFilter(output, &progress, 0,
-                                                                       90 / count);
+  int result =
+      static_cast<DListtClauseData*>((*this)[0])->WriteFilter(output, &progress, 0, 90 / count);
   if (result < 0) return result;
 
   output.GotoHead();

@@ -50,12 +50,18 @@ std::string RunScript(const std::string& script) {
   Borrowing list;
   std::string removed, op, arg;
   const std::map<std::string, std::function<void(Item*)>> moves = {
-      {"T", [&](Item* x) { list.ToTail(x); }},       {"H", [&](Item* x) { list.ToHead(x); }},
-      {"C", [&](Item* x) { list.ToCurrent(x); }},    {"n", [&](Item*) { list.Next(); }},
-      {"p", [&](Item*) { list.Prev(); }},            {"nc", [&](Item*) { list.NextCircular(); }},
-      {"pc", [&](Item*) { list.PrevCircular(); }},   {"go", [&](Item* x) { list.Goto(x); }},
-      {"rh", [&](Item* x) { list.RotToHead(x); }},   {"gi", [&](Item*) { list.Goto(stoi(arg)); }},
-      {"rt", [&](Item* x) { list.RotToTail(x); }},   {"mh", [&](Item* x) { list.MoveToHead(x); }},
+      {"T", [&](Item* x) { list.ToTail(x); }},
+      {"H", [&](Item* x) { list.ToHead(x); }},
+      {"C", [&](Item* x) { list.ToCurrent(x); }},
+      {"n", [&](Item*) { list.Next(); }},
+      {"p", [&](Item*) { list.Prev(); }},
+      {"nc", [&](Item*) { list.NextCircular(); }},
+      {"pc", [&](Item*) { list.PrevCircular(); }},
+      {"go", [&](Item* x) { list.Goto(x); }},
+      {"rh", [&](Item* x) { list.RotToHead(x); }},
+      {"gi", [&](Item*) { list.Goto(stoi(arg)); }},
+      {"rt", [&](Item* x) { list.RotToTail(x); }},
+      {"mh", [&](Item* x) { list.MoveToHead(x); }},
       {"mt", [&](Item* x) { list.MoveToTail(x); }},
       {"mch", [&](Item*) { list.MoveCurrentToHead(); }},
       {"mct", [&](Item*) { list.MoveCurrentToTail(); }},
@@ -64,15 +70,22 @@ std::string RunScript(const std::string& script) {
   while (std::getline(ops, op, ';')) {
     std::stringstream(op) >> op >> arg;
     Item* x = &items.try_emplace(arg, arg).first->second;
-    if (moves.count(op)) moves.at(op)(x);
-    else removed += " " + NameOf(op == "gc" ? list.GetCurrent() : op == "gh" ? list.GetHead()
-                                 : op == "gt" ? list.GetTail() : list.Get(x));
+    if (moves.count(op))
+      moves.at(op)(x);
+    else
+      removed += " " + NameOf(op == "gc"   ? list.GetCurrent()
+                              : op == "gh" ? list.GetHead()
+                              : op == "gt" ? list.GetTail()
+                                           : list.Get(x));
   }
   return Dump(list) + (removed.empty() ? "" : " |" + removed);
 }
 
 TEST(ListCursor, AfterEveryOperation) {
-  struct Case { const char* script; const char* expected; } cases[] = {
+  struct Case {
+    const char* script;
+    const char* expected;
+  } cases[] = {
       {"T A; n; n; T B", "A [B]"},
       {"T A; p; T B", "< A B"},
       {"T A; T B; H X", "[X] A B"},
@@ -193,9 +206,13 @@ TEST(ListIndex, AgreesWithAModelAndLeavesTheCursor) {
 // Entries as ToString("|", 1) joins them: a list of one empty entry gives "|".
 TEST(StringList, FromStringAndToString) {
   const char *V = ",\n", *S = " \r\n\t,";  // a value line's separators and strip set
-  struct Case { const char *text, *separators, *strip; int skip; const char* expected; } cases[] = {
-      {"a, b,c", V, S, 0, "a|b|c|"}, {"a b,c", V, S, 0, "ab|c|"},     {"a,,b", V, S, 0, "a||b|"},
-      {"a,", V, S, 0, "a|"},         {"   ", V, S, 0, "|"},           {"", V, S, 0, ""},
+  struct Case {
+    const char *text, *separators, *strip;
+    int skip;
+    const char* expected;
+  } cases[] = {
+      {"a, b,c", V, S, 0, "a|b|c|"}, {"a b,c", V, S, 0, "ab|c|"},    {"a,,b", V, S, 0, "a||b|"},
+      {"a,", V, S, 0, "a|"},         {"   ", V, S, 0, "|"},          {"", V, S, 0, ""},
       {"a\nb\r\n", V, S, 0, "a|b|"}, {",,a,b", ",", ",", 1, "a|b|"}, {",,,", ",", ",", 1, ""},
       {"a,b", ",", "", 0, "a,|b|"},  {"a,b", "", "", 0, "a,b|"},
   };
@@ -253,12 +270,16 @@ TEST(PrioritizedList, ToSortedMatchesTheWalk) {
         ++id;
       } else if (r < 16) {
         both([&](DList& l) {
-          delete (r < 12 ? l.GetCurrent() : r == 12 ? l.GetHead() : r == 13 ? l.GetTail()
-                                                                  : l.Get(l[l.Size() - 1]));
+          delete (r < 12    ? l.GetCurrent()
+                  : r == 12 ? l.GetHead()
+                  : r == 13 ? l.GetTail()
+                            : l.Get(l[l.Size() - 1]));
         });
       } else if (r < 18) {  // cursor moves
         int steps = priority + spread;
-        both([&](DList& l) { for (int k = 0; k < steps; ++k) r % 2 ? l.Next() : l.Prev(); });
+        both([&](DList& l) {
+          for (int k = 0; k < steps; ++k) r % 2 ? l.Next() : l.Prev();
+        });
       } else if (r == 18) {
         both([&](DList& l) { spare.Copy(&l), l.Take(&spare); });
       } else if (r == 19 && size > 1) {  // still in order, but the index is off

@@ -16,7 +16,11 @@ const int All = String::All;
 
 TEST(StringSearch, StaysInsideTheRange) {
   enum Op { Ch, Sub, In, Not, Last };
-  struct Case { Op op; const char *text, *arg; int start, count, expected; } cases[] = {
+  struct Case {
+    Op op;
+    const char *text, *arg;
+    int start, count, expected;
+  } cases[] = {
       {Ch, "a,b,c", ",", 2, 1, -1},  {Ch, "a,b,c", ",", 2, 2, 3},    {Ch, "abc", "a", 3, All, -1},
       {Ch, "abc", "c", 0, 0, -1},    {Ch, "abc", "a", 0, -5, -1},    {Sub, "xabab", "ab", 2, 9, 3},
       {Sub, "xabab", "ab", 1, 2, 1}, {Sub, "xabab", "ab", 2, 2, -1}, {Sub, "abc", "", 1, All, 1},
@@ -38,11 +42,19 @@ TEST(StringSearch, StaysInsideTheRange) {
 // Cut removes what Copy returns, from a shared block or in place; Paste before
 // the start or past the end appends. No other holder's text changes.
 TEST(StringEdit, CopyCutAndPasteClampTheirRange) {
-  struct Case { const char* text; int start, count; const char *part, *left, *pasted; } cases[] = {
-      {"abc", 1, 100, "bc", "a", "aXYbc"},     {"abc", 3, 1, "", "abc", "abcXY"},
-      {"abc", 4, 1, "", "abc", "abcXY"},       {"abc", -1, 2, "", "abc", "abcXY"},
-      {"abc", 0, 0, "", "abc", "XYabc"},       {"abc", 2, -1, "", "abc", "abXYc"},
-      {"abcde", 1, 2, "bc", "ade", "aXYbcde"}, {"abc", 0, All, "abc", "", "XYabc"},
+  struct Case {
+    const char* text;
+    int start, count;
+    const char *part, *left, *pasted;
+  } cases[] = {
+      {"abc", 1, 100, "bc", "a", "aXYbc"},
+      {"abc", 3, 1, "", "abc", "abcXY"},
+      {"abc", 4, 1, "", "abc", "abcXY"},
+      {"abc", -1, 2, "", "abc", "abcXY"},
+      {"abc", 0, 0, "", "abc", "XYabc"},
+      {"abc", 2, -1, "", "abc", "abXYc"},
+      {"abcde", 1, 2, "bc", "ade", "aXYbcde"},
+      {"abc", 0, All, "abc", "", "XYabc"},
       {"", 0, 1, "", "", "XY"},
   };
   for (const Case& c : cases) {
@@ -76,7 +88,9 @@ std::string OnePass(const std::string& s, const std::string& from, const std::st
 }
 
 TEST(StringEdit, ReplaceAllRescansUnlessThatNeverEnds) {
-  struct Case { std::string text, from, to, expected; } cases[] = {
+  struct Case {
+    std::string text, from, to, expected;
+  } cases[] = {
       {"aabcbc", "abc", "", ""},    // the left neighbour completes a new occurrence
       {"abcc", "abc", "ab", "ab"},  // the inserted text and its right neighbour do
       {"xabcabc", "abc", "", "x"},  // shortening at the very end
@@ -104,8 +118,10 @@ TEST(StringEdit, ReplaceAllRescansUnlessThatNeverEnds) {
     };
     std::string text = word(round % 2 ? 12 : 60), from = word(3), to = word(5), expected = text;
     if (from.empty()) continue;
-    if (to.find(from) != std::string::npos) expected = OnePass(text, from, to);
-    else if (!Rescan(expected, from, to, 5000)) continue;
+    if (to.find(from) != std::string::npos)
+      expected = OnePass(text, from, to);
+    else if (!Rescan(expected, from, to, 5000))
+      continue;
     rescans += expected != OnePass(text, from, to);
     SCOPED_TRACE(text + ": " + from + " -> " + to);
     String s(text.c_str());

@@ -33,9 +33,11 @@ tString::~tString() {}
 
 tPrioritizedString::tPrioritizedString() : Priority(0) {}
 
-tPrioritizedString::tPrioritizedString(const String& s, int priority) : tString(s), Priority(priority) {}
+tPrioritizedString::tPrioritizedString(const String& s, int priority)
+    : tString(s), Priority(priority) {}
 
-tPrioritizedString::tPrioritizedString(const tPrioritizedString& o) : tString(o), Priority(o.Priority) {}
+tPrioritizedString::tPrioritizedString(const tPrioritizedString& o)
+    : tString(o), Priority(o.Priority) {}
 
 int tPrioritizedString::Greater(tObject* other) {
   return Priority > static_cast<tPrioritizedString*>(other)->Priority;
@@ -102,7 +104,9 @@ tPrioritizedString* DListtPrioritizedString::Current() const {
 
 namespace {
 
-int PriorityOf(const DLink* link) { return static_cast<tPrioritizedString*>(link->Object)->Priority; }
+int PriorityOf(const DLink* link) {
+  return static_cast<tPrioritizedString*>(link->Object)->Priority;
+}
 
 }  // namespace
 

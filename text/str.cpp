@@ -107,9 +107,7 @@ int operator==(const String& a, const String& b) {
   return n == b.Length() && std::memcmp(a.Text(), b.Text(), n) == 0;
 }
 
-int operator==(const String& a, const char* b) {
-  return std::strcmp(a.Text(), b ? b : "") == 0;
-}
+int operator==(const String& a, const char* b) { return std::strcmp(a.Text(), b ? b : "") == 0; }
 
 int operator!=(const String& a, const String& b) { return !(a == b); }
 
