@@ -92,6 +92,7 @@ void tFilterData::ReadLabelRules(tFilterTemplateFile& file) {
   while (!file.Eof() && file.Ch() != '~') file.Next();
   if (!file.Eof() && file.Line().Text()[1] != '~') {
     file.GetCh();
+    // A number beyond the 32-bit range is held to it, as text priorities are.
     FirstLabel = ToPriority(file.GetLine().Text());
   }
   LabelRules.Read(file);
