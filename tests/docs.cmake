@@ -7,3 +7,5 @@ add_test(NAME docs.example
                  ${CMAKE_CURRENT_SOURCE_DIR}/examples)
 set_tests_properties(docs.manual docs.example PROPERTIES LABELS docs)
 set_tests_properties(docs.manual docs.example PROPERTIES SKIP_RETURN_CODE 77)
+# Includes point down the layers only.
+add_test(NAME layers.includes COMMAND ${CMAKE_CURRENT_LIST_DIR}/check_layers.sh ${CMAKE_CURRENT_SOURCE_DIR})

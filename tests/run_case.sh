@@ -7,9 +7,15 @@
 # standard input closed), closed-stdout (run with standard output closed),
 # setup (an executable run in the work folder before the run, to make inputs
 # and expected files too large to check in), no-memcheck (not run under
-# valgrind), no-dump (no /tmp/template.dmp may be written), roundtrip (the output fed back in must reproduce
-# itself). RULEFORGE_WRAPPER, when set, is put in front of the program (e.g.
-# valgrind). Usage: run_case.sh <dir of the ruleforge binary> <case dir>
+# valgrind), no-dump (no /tmp/template.dmp may be written), roundtrip (the
+# output fed back in must reproduce itself), program (the program to run,
+# ruleforge when absent). RULEFORGE_WRAPPER, when set, is put in front of the
+# program (e.g. valgrind). Each run is killed after RULEFORGE_CASE_TIMEOUT
+# seconds (default 120), so a hang fails its case and leaves nothing running.
+# A case that runs with -d, or checks the dump, holds an exclusive lock on
+# /tmp/template.dmp.lock for the whole case, so that test runs of other build
+# folders and other users of the fixed dump path wait for each other.
+# Usage: run_case.sh <dir of the programs> <case dir>
 set -u
 bindir=$1 case=$2
 work=$(mktemp -d)
@@ -20,16 +26,29 @@ export PATH="$bindir:$PATH"
 
 args=()
 [ -f args ] && mapfile -t args < args
+program=ruleforge
+[ -f program ] && program=$(cat program)
+limit=${RULEFORGE_CASE_TIMEOUT:-120}
+uses_dump=0
+[ -f dump ] || [ -f no-dump ] && uses_dump=1
+for arg in "${args[@]}"; do [ "$arg" = -d ] && uses_dump=1; done
+if [ $uses_dump = 1 ]; then
+  exec 9>/tmp/template.dmp.lock && flock 9 || { echo "--- cannot lock /tmp/template.dmp.lock"; exit 1; }
+fi
 run() {  # run <stdin file> <stdout file>
   local in=$1 out=$2
   if [ -f closed-stdin ]; then
-    ${RULEFORGE_WRAPPER:-} ruleforge "${args[@]}" <&- >"$out" 2>actual.stderr
+    timeout -k 5 "$limit" ${RULEFORGE_WRAPPER:-} "$program" "${args[@]}" <&- >"$out" 2>actual.stderr
   elif [ -f closed-stdout ]; then
-    ${RULEFORGE_WRAPPER:-} ruleforge "${args[@]}" <"$in" >&- 2>actual.stderr
+    timeout -k 5 "$limit" ${RULEFORGE_WRAPPER:-} "$program" "${args[@]}" <"$in" >&- 2>actual.stderr
   else
-    ${RULEFORGE_WRAPPER:-} ruleforge "${args[@]}" <"$in" >"$out" 2>actual.stderr
+    timeout -k 5 "$limit" ${RULEFORGE_WRAPPER:-} "$program" "${args[@]}" <"$in" >"$out" 2>actual.stderr
   fi
-  echo $? >actual.status
+  local status=$?
+  echo $status >actual.status
+  if [ $status -eq 124 ] || [ $status -eq 137 ]; then
+    echo "--- $program ran past $limit seconds and was killed"
+  fi
 }
 
 if [ -x setup ] && ! ./setup; then echo "--- setup failed"; exit 1; fi
