@@ -175,7 +175,7 @@ TEST(ListOwnership, EachElementIsDeletedOnce) {
   EXPECT_EQ(log, "BD'A'C'D'A'C'0ECDAD'A'C'");
 }
 
-TEST(ListIndex, AgreesWithAModelAndLeavesTheCursor) {
+TEST(ListIndexAndWalk, AgreeWithAModelAndLeaveTheCursor) {
   std::mt19937 random(3);
   DList list;
   std::vector<tObject*> model;
@@ -191,6 +191,16 @@ TEST(ListIndex, AgreesWithAModelAndLeavesTheCursor) {
     } else if (r == 4) {
       list.RotToHead(model.back());
       std::rotate(model.begin(), model.end() - 1, model.end());
+    } else if (r == 5) {
+      // A walk, and a walk nested in it, see the elements in order and leave the cursor.
+      tObject* before = list.CurrentObject();
+      std::vector<tObject*> seen;
+      for (Item* item : Walk<Item>(list)) {
+        seen.push_back(item);
+        for (const Item* inner : Walk<const Item>(list)) (void)inner;
+      }
+      ASSERT_EQ(seen, model);
+      ASSERT_EQ(list.CurrentObject(), before);
     } else {
       tObject* before = list.CurrentObject();
       int start = random() % size;

@@ -61,6 +61,10 @@ class DList {
   tObject* CurrentObject() const { return Cursor ? Cursor->Object : nullptr; }
   // 1 when the cursor is off the list past the tail, 0 before the head.
   int IsPastEnd() const { return Cursor ? 0 : PastEnd; }
+  // The first and last links, or null for an empty list; for read-only walks
+  // that leave the cursor alone (see Walk below).
+  const DLink* FirstLink() const { return Head(); }
+  const DLink* LastLink() const { return Tail; }
 
  protected:
   DLink* Tail;
@@ -81,5 +85,41 @@ class DList {
   DLink* Find(tObject* obj) const;
   void Changed();
 };
+
+// A read-only walk over the elements of a list, head to tail, that leaves the
+// list's cursor where it is, so walks may nest and const lists can be walked:
+//   for (const tString* text : Walk<const tString>(texts)) ...
+// T is the element class the list holds. The list must not gain or lose
+// elements during the walk.
+template <class T>
+class DListWalk {
+ public:
+  class Iterator {
+   public:
+    Iterator(const DLink* link, const DLink* last) : At(link), Last(last) {}
+    T* operator*() const { return static_cast<T*>(At->Object); }
+    Iterator& operator++() {
+      At = At == Last ? nullptr : At->NextLink;
+      return *this;
+    }
+    bool operator!=(const Iterator& other) const { return At != other.At; }
+
+   private:
+    const DLink* At;
+    const DLink* Last;
+  };
+
+  explicit DListWalk(const DList& list) : List(list) {}
+  Iterator begin() const { return Iterator(List.FirstLink(), List.LastLink()); }
+  Iterator end() const { return Iterator(nullptr, nullptr); }
+
+ private:
+  const DList& List;
+};
+
+template <class T>
+DListWalk<T> Walk(const DList& list) {
+  return DListWalk<T>(list);
+}
 
 #endif
