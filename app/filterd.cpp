@@ -8,17 +8,19 @@
 
 namespace {
 
-int AtSection(tFilterTemplateFile& file) { return file.Line().Head(4) == SectionSeparator; }
-
 void SkipToSection(tFilterTemplateFile& file) {
-  while (!file.Eof() && !AtSection(file)) file.Next();
+  while (!file.Eof() && !AtSectionSeparator(file)) file.Next();
 }
 
-void WriteSubstitutions(FILE* out, DListtString& names, DListtString& values) {
+// Pairs up to the shorter list: a name without a value is not written.
+void WriteSubstitutions(FILE* out, const DListtString& names, const DListtString& values) {
   std::fputs("~~~~Substitutions\n", out);
-  for (names.GotoHead(), values.GotoHead(); names.Current() && values.Current();
-       names.Next(), values.Next()) {
-    std::fprintf(out, "|%s|%s|\n", names.Current()->Text(), values.Current()->Text());
+  DListWalk<const tString> valueWalk(values);
+  auto value = valueWalk.begin();
+  for (const tString* name : Walk<const tString>(names)) {
+    if (value == valueWalk.end()) break;
+    std::fprintf(out, "|%s|%s|\n", name->Text(), (*value)->Text());
+    ++value;
   }
 }
 
@@ -98,7 +100,7 @@ void tFilterData::ReadLabelRules(tFilterTemplateFile& file) {
   LabelRules.Read(file);
 }
 
-int tFilterData::WriteTemplate(const char* fileName) {
+int tFilterData::WriteTemplate(const char* fileName) const {
   FILE* out = fileName ? std::fopen(fileName, "w") : stderr;
   if (!out) {
     // No message of its own exists for this; the dump is a diagnostic aid, so

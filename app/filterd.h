@@ -25,7 +25,7 @@ class tFilterData : public tObject {
   ~tFilterData() override;
 
   int ReadTemplate(const char* fileName);
-  int WriteTemplate(const char* fileName);
+  int WriteTemplate(const char* fileName) const;
   int ReadData(const char* fileName);
   int WriteData(const char* fileName);
   int New();

@@ -2,36 +2,39 @@
 
 namespace {
 
-const char kValueSeparators[] = ",\n";
-const char kValueStrip[] = " \r\n\t,";
-
 int BeginsWithTilde(tFilterDataFile& in) { return in.Line().Text()[0] == '~'; }
 
 }  // namespace
 
-tClauseData::tClauseData() : Partner(nullptr), Template(nullptr), VariantStates{0, 0, 0, 0} {}
+tClauseData::tClauseData()
+    : Partner(nullptr), Template(nullptr), VariantStates{0, 0, 0, 0}, OwnsPartner(false) {}
 
+// Unhooks the partner first, so that its own destructor leaves this record
+// alone; then the first record of a pair deletes the second.
 tClauseData::~tClauseData() {
-  if (Partner) {
-    tClauseData* partner = Partner;
-    Partner = nullptr;
-    partner->Partner = nullptr;
-    delete partner;
-  }
+  if (!Partner) return;
+  Partner->Partner = nullptr;
+  if (OwnsPartner) delete Partner;
 }
 
-int tClauseData::Check(int i) {
+void tClauseData::AdoptCompanion(tClauseData* companion) {
+  Partner = companion;
+  companion->Partner = this;
+  OwnsPartner = true;
+}
+
+int tClauseData::Check(int i) const {
   return Template->VariantLabels[i].Length() > 0 && VariantStates[i] != 0;
 }
 
-int tClauseData::HasData() {
+int tClauseData::HasData() const {
   return Check(0) || Check(1) || Check(2) || Check(3) || Values0.Size() > 0 || Values1.Size() > 0;
 }
 
 // The separator before a state depends on the variant's index, not on what was
 // written before it, so a state keeps its position when read back as long as
 // the labelled variants form one run.
-void tClauseData::WriteStates(FILE* out) {
+void tClauseData::WriteStates(FILE* out) const {
   for (int i = 0; i < 4; ++i) {
     if (Template->VariantLabels[i].Length() > 0)
       std::fprintf(out, "%s%d", i == 0 ? "" : ", ", VariantStates[i]);
@@ -74,17 +77,15 @@ int tClauseData::WriteParseable(FILE* out) {
 void tClauseData::ReadPart(tFilterDataFile& in) {
   if (in.Ch() == ',') in.GetCh();
   DListtString states;
-  states.FromString(in.GetLine().Text(), kValueSeparators, kValueStrip, 0);
+  SplitFields(states, in.GetLine().Text());
   for (int k = 0; k < 4; ++k) {
     tString* state = states[k];
     VariantStates[k] = state ? (*state == "0" ? 0 : 1) : 0;
   }
   Values0.Clear();
-  if (!BeginsWithTilde(in))
-    Values0.FromString(in.GetLine().Text(), kValueSeparators, kValueStrip, 0);
+  if (!BeginsWithTilde(in)) SplitFields(Values0, in.GetLine().Text());
   Values1.Clear();
-  if (!BeginsWithTilde(in))
-    Values1.FromString(in.GetLine().Text(), kValueSeparators, kValueStrip, 0);
+  if (!BeginsWithTilde(in)) SplitFields(Values1, in.GetLine().Text());
   while (!in.Eof() && !BeginsWithTilde(in)) in.Next();
 }
 

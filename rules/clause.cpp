@@ -4,9 +4,6 @@
 
 namespace {
 
-const char kFieldSeparators[] = ",\n";
-const char kFieldStrip[] = " \r\n\t,";
-
 int ToVariant(const char* text) {
   int n = ToPriority(text);
   if (n > 3) return 3;
@@ -14,9 +11,8 @@ int ToVariant(const char* text) {
   return n;
 }
 
-void WriteTexts(FILE* stream, DListtPrioritizedString& texts, int variant, char kind) {
-  for (texts.GotoHead(); texts.Current(); texts.Next()) {
-    tPrioritizedString* text = texts.Current();
+void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant, char kind) {
+  for (const tPrioritizedString* text : Walk<const tPrioritizedString>(texts)) {
     std::fprintf(stream, "~%d, %d, %c\n", variant, text->Priority, kind);
     std::fwrite(text->Text(), 1, text->Length(), stream);
   }
@@ -24,15 +20,18 @@ void WriteTexts(FILE* stream, DListtPrioritizedString& texts, int variant, char 
 
 }  // namespace
 
-tClauseTemplate::tClauseTemplate() : Flags(0), Partner(nullptr) {}
+void SplitFields(DListtString& fields, const char* line) {
+  fields.FromString(line, ",\n", " \r\n\t,", 0);
+}
 
+tClauseTemplate::tClauseTemplate() : Flags(0), Partner(nullptr), OwnsPartner(false) {}
+
+// Unhooks the partner first, so that its own destructor leaves this template
+// alone; then a main template deletes its companion.
 tClauseTemplate::~tClauseTemplate() {
-  if (Partner) {
-    tClauseTemplate* partner = Partner;
-    Partner = nullptr;
-    partner->Partner = nullptr;
-    delete partner;
-  }
+  if (!Partner) return;
+  Partner->Partner = nullptr;
+  if (OwnsPartner) delete Partner;
 }
 
 int tClauseTemplate::Read(tFilterTemplateFile& file) {
@@ -61,7 +60,7 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   file.GetCh();
   String header = file.GetLine();
   DListtString fields;
-  fields.FromString(header.Text(), kFieldSeparators, kFieldStrip, 0);
+  SplitFields(fields, header.Text());
   if (fields.Size() == 0) return 0;
   const char* first = fields[0]->Text();
   if (first[0] == '~') {
@@ -70,6 +69,7 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
     if (first[1] != '~' && !Partner) {
       Partner = new tClauseTemplate;
       Partner->Partner = this;
+      OwnsPartner = true;
       Partner->Read(file);
     }
     return 0;
@@ -92,7 +92,7 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   return file.Eof() ? 0 : 1;
 }
 
-int tClauseTemplate::Write(FILE* stream) {
+int tClauseTemplate::Write(FILE* stream) const {
   std::fprintf(stream, "\"%s\",  \"%s\",\"%s\",\"%s\",\"%s\",  \"%s\",\"%s\"\n", Name.Text(),
                VariantLabels[0].Text(), VariantLabels[1].Text(), VariantLabels[2].Text(),
                VariantLabels[3].Text(), Value0Label.Text(), Value1Label.Text());

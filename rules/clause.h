@@ -7,11 +7,17 @@
 #include "text/dliststr.h"
 #include "text/str.h"
 
+// Splits a header line of a template or a line of the parseable section into
+// fields, appended to fields: a field ends after each comma or line end, and
+// blanks, tabs, line ends and commas are removed wherever they stand in it.
+void SplitFields(DListtString& fields, const char* line);
+
 // One rule pattern of a template file: the clause's name, the captions the user
 // fills it in under, and its filter texts for each of four variants ("S" texts
 // once per variant in effect, "V" texts once per value or pair of values). Owns
-// its texts and its companion template (Partner); a companion points back at its
-// main template without owning it.
+// its texts. A main template owns its companion template (Partner) and deletes
+// it with itself; the companion points back at its main template without owning
+// it, and deleting a companion only unhooks it, leaving the main template alone.
 class tClauseTemplate : public tObject {
  public:
   // Flag bit: all four variant labels are empty, so the user fills in nothing.
@@ -30,9 +36,12 @@ class tClauseTemplate : public tObject {
   ~tClauseTemplate() override;
 
   int Read(tFilterTemplateFile& file);
-  int Write(FILE* stream);
+  int Write(FILE* stream) const;
 
  private:
+  // Set on a main template: it deletes its Partner.
+  bool OwnsPartner;
+
   // Reads one header line and the text under it; 0 when reading must end.
   int ReadText(tFilterTemplateFile& file);
 };
@@ -40,7 +49,8 @@ class tClauseTemplate : public tObject {
 // What the user filled in for one clause template: which variants are on and
 // the entries for the two value places. A clause with a companion template is
 // held as two records that point at each other; the first, the one in the data
-// set, owns the second. The template is not owned.
+// set, owns the second and deletes it with itself, while deleting the second
+// only unhooks it from the first. The template is not owned.
 class tClauseData : public tObject {
  public:
   tClauseData* Partner;
@@ -52,15 +62,20 @@ class tClauseData : public tObject {
   tClauseData();
   ~tClauseData() override;
 
-  int Check(int i);
-  int HasData();
+  // Links companion in as this record's Partner, owned by this one.
+  void AdoptCompanion(tClauseData* companion);
+  int Check(int i) const;
+  int HasData() const;
   int WriteParseable(FILE* out);
   int Read(tFilterDataFile& in);
   // Adds the generated texts of this record and of its companion to out.
   int WriteFilter(DListtPrioritizedString& out);
 
  private:
-  void WriteStates(FILE* out);
+  // Set on the first record of a pair: it deletes its Partner.
+  bool OwnsPartner;
+
+  void WriteStates(FILE* out) const;
   void WriteValues(FILE* out);
   void ReadPart(tFilterDataFile& in);
   void Expand(DListtPrioritizedString& out);

@@ -12,13 +12,13 @@ namespace {
 const char kRule[] =
     "//----------------------------------------------------------------------------\n";
 
-int AtSectionSeparator(tParseableFile& file) { return file.Line().Head(4) == SectionSeparator; }
-
 void SkipClauseSeparators(tParseableFile& file) {
   while (!file.Eof() && file.Line() == ClauseSeparator) file.Next();
 }
 
 }  // namespace
+
+int AtSectionSeparator(tParseableFile& file) { return file.Line().Head(4) == SectionSeparator; }
 
 // ---- DListtClauseTemplate ----
 
@@ -43,10 +43,9 @@ int DListtClauseTemplate::Read(tFilterTemplateFile& file) {
   return 0;
 }
 
-int DListtClauseTemplate::Write(FILE* stream) {
+int DListtClauseTemplate::Write(FILE* stream) const {
   std::fputs("~~~\n", stream);
-  for (GotoHead(); Current(); Next()) {
-    tClauseTemplate* clause = Current();
+  for (const tClauseTemplate* clause : Walk<const tClauseTemplate>(*this)) {
     std::fputs(kRule, stream);
     clause->Write(stream);
     if (clause->Partner) {
@@ -61,10 +60,10 @@ int DListtClauseTemplate::Write(FILE* stream) {
 
 // ---- DListtClauseData ----
 
-DListtClauseData::DListtClauseData() : Templates(nullptr) {}
+DListtClauseData::DListtClauseData() : Templates(nullptr), ByNameChanges(Changes) {}
 
 DListtClauseData::DListtClauseData(const char* name, DListtClauseTemplate* templates)
-    : Templates(templates), SetName(name) {}
+    : Templates(templates), SetName(name), ByNameChanges(Changes) {}
 
 DListtClauseData::~DListtClauseData() { Clear(); }
 
@@ -79,18 +78,15 @@ String& DListtClauseData::Name(const char* newName) {
 
 int DListtClauseData::New() {
   Clear();
-  ByName.clear();
   if (!Templates) return 0;
-  for (Templates->GotoHead(); Templates->Current(); Templates->Next()) {
-    tClauseTemplate* clause = Templates->Current();
+  for (tClauseTemplate* clause : Walk<tClauseTemplate>(*Templates)) {
     if (clause->Flags & tClauseTemplate::FixedClause) continue;
     tClauseData* record = new tClauseData;
     record->Template = clause;
     if (clause->Partner) {
       tClauseData* companion = new tClauseData;
       companion->Template = clause->Partner;
-      record->Partner = companion;
-      companion->Partner = record;
+      record->AdoptCompanion(companion);
     }
     ToTail(record);
   }
@@ -98,8 +94,11 @@ int DListtClauseData::New() {
 }
 
 tClauseData* DListtClauseData::Find(const String& clauseName) {
-  if (ByName.empty()) {
-    for (GotoHead(); Current(); Next()) ByName.emplace(Current()->Template->Name.Text(), Current());
+  if (ByNameChanges != Changes) {
+    ByName.clear();
+    for (tClauseData* record : Walk<tClauseData>(*this))
+      ByName.emplace(record->Template->Name.Text(), record);
+    ByNameChanges = Changes;
   }
   auto found = ByName.find(clauseName.Text());
   return found == ByName.end() ? nullptr : found->second;
@@ -124,8 +123,8 @@ int DListtClauseData::Read(tFilterDataFile& in) {
 
 int DListtClauseData::WriteParseable(FILE* out) {
   int result = 0;
-  for (GotoHead(); Current(); Next()) {
-    result = Current()->WriteParseable(out);
+  for (tClauseData* record : Walk<tClauseData>(*this)) {
+    result = record->WriteParseable(out);
     if (result < 0) break;
   }
   return result;

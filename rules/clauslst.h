@@ -17,13 +17,16 @@
 extern const String ClauseSeparator;
 extern const String SectionSeparator;
 
+// 1 when the unread rest of the current line begins with SectionSeparator.
+int AtSectionSeparator(tParseableFile& file);
+
 // The clause templates of one section of a template file, in file order. Holds
 // main templates only (companions hang off them) and owns them.
 class DListtClauseTemplate : public DList {
  public:
   tClauseTemplate* Current() const;
   int Read(tFilterTemplateFile& file);
-  int Write(FILE* stream);
+  int Write(FILE* stream) const;
   ~DListtClauseTemplate() override;
 };
 
@@ -47,9 +50,11 @@ class DListtClauseData : public DList, public tObject {
 
  private:
   String SetName;
-  // The first record of each clause name, built on first use after New(): the
-  // same record a walk from the head would find.
+  // The first record of each clause name: the same record a walk from the head
+  // would find. Rebuilt on the first search after any change of the list, which
+  // ByNameChanges tells from the list's change counter.
   std::unordered_map<std::string, tClauseData*> ByName;
+  unsigned long ByNameChanges;
   tClauseData* Find(const String& clauseName);
 };
 

@@ -2,6 +2,7 @@
 
 #include "app/common.h"
 #include "rules/substit.h"
+#include "rules/writeerr.h"
 
 namespace {
 
@@ -78,16 +79,10 @@ int DListOfDListtClauseData::WriteTo(FILE* out, const char* shownName, const cha
     size_t length = text->Length();
     if (length == 0) continue;
     wroteText = 1;
-    if (std::fwrite(text->Text(), 1, length, out) < length) {
-      Error(8, String("Error writing to '") + shownName + "'. Disk may be full !");
-      return -1;
-    }
+    if (std::fwrite(text->Text(), 1, length, out) < length) return WriteFailed(shownName);
   }
   // Output that fits in the stdio buffer only fails when it is flushed, so the
   // flush counts as part of writing the last text.
-  if (wroteText && (std::fflush(out) != 0 || std::ferror(out))) {
-    Error(8, String("Error writing to '") + shownName + "'. Disk may be full !");
-    return -1;
-  }
+  if (wroteText && (std::fflush(out) != 0 || std::ferror(out))) return WriteFailed(shownName);
   return 0;
 }

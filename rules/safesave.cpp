@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "app/common.h"
+#include "rules/writeerr.h"
 
 namespace {
 
@@ -66,10 +67,7 @@ int DListOfDListtClauseData::Write(const char* fileName, const char* title, int 
   }
   progress.Caption((String("Saving to ") + target).Text());
   int result = WriteTo(file, fileName, title, firstLabel, names, values, progress);
-  if (!Commit(file) && result >= 0) {
-    Error(8, String("Error writing to '") + target + "'. Disk may be full !");
-    result = -1;
-  }
+  if (!Commit(file) && result >= 0) result = WriteFailed(fileName);
   if (result < 0) {
     std::remove(temporaryName.Text());
     Warning(3, "Save Not Completed!");

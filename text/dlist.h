@@ -102,6 +102,7 @@ class DListWalk {
       At = At == Last ? nullptr : At->NextLink;
       return *this;
     }
+    bool operator==(const Iterator& other) const { return At == other.At; }
     bool operator!=(const Iterator& other) const { return At != other.At; }
 
    private:
