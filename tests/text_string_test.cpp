@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <climits>
 #include <cstdio>
 #include <cstring>
@@ -95,6 +96,9 @@ TEST(StringEdit, ReplaceAllRescansUnlessThatNeverEnds) {
       {"abcc", "abc", "ab", "ab"},  // the inserted text and its right neighbour do
       {"xabcabc", "abc", "", "x"},  // shortening at the very end
       {std::string(100000, 'a') + std::string(100000, 'b'), "ab", "", ""},  // in linear time
+      // a million replacements, each in the length of the searched text
+      {std::string(1000, 'a') + std::string(1000, 'b'), "ab", "ba",
+       std::string(1000, 'b') + std::string(1000, 'a')},
       {"aXa", "a", "aa", "aaXaa"},     // `to` holds `from`: one pass
       {"aab", "ab", "bbaa", "abbaa"},  // never ends although `to` lacks `from`: one pass
       {"abc", "", "X", "abc"},
@@ -128,6 +132,17 @@ TEST(StringEdit, ReplaceAllRescansUnlessThatNeverEnds) {
     ASSERT_EQ(s.ReplaceAll(from.c_str(), to.c_str()).Text(), expected);
   }
   EXPECT_GT(rescans, 1000);
+}
+
+// Cascades that never end cost a bounded amount of work for the whole run, not
+// for each text: ten thousand of them end in a fraction of a second.
+TEST(StringEdit, DivergingCascadesShareOneBudget) {
+  auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 10000; ++i) {
+    String s("xaab");
+    ASSERT_STREQ(s.ReplaceAll("ab", "bbaa").Text(), "xabbaa");
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
 }
 
 TEST(StringCore, CopyOnWriteAndArgumentsInTheOwnText) {

@@ -134,54 +134,68 @@ void DListtPrioritizedString::Reindex() {
 // whose result there depends on where the cursor stood.
 void DListtPrioritizedString::ToSorted(tPrioritizedString* p) {
   if (IndexedChanges != Changes) Reindex();
+  std::map<int, DLink*>::iterator above = LastOfPriority.upper_bound(p->Priority);
   // An element's priority may have been changed in place, which no change
-  // count sees: the place found is checked against its neighbours, and the
-  // index rebuilt once if it is off.
-  auto found = LastOfPriority.upper_bound(p->Priority);
-  auto placeHolds = [&] {
-    if (found == LastOfPriority.begin()) return PriorityOf(Tail->NextLink) > p->Priority;
-    DLink* last = std::prev(found)->second;
-    return PriorityOf(last) == std::prev(found)->first &&
-           (last == Tail || PriorityOf(last->NextLink) > p->Priority);
-  };
-  if (Tail && !LastOfPriority.empty() && !placeHolds()) {
+  // count sees: the place found is checked, and the index rebuilt once.
+  if (Tail && !LastOfPriority.empty() && !PlaceHolds(above, p->Priority)) {
     Reindex();
-    found = LastOfPriority.upper_bound(p->Priority);
+    above = LastOfPriority.upper_bound(p->Priority);
   }
-
-  if (Tail && LastOfPriority.empty()) {
-    if (!Cursor) GotoHead();
-    if (Cursor && Cursor->Object->Greater(p)) {
-      while (Cursor && Cursor->Object->Greater(p)) Prev();
-    }
-    if (Cursor && !Cursor->Object->Greater(p)) {
-      while (Cursor && !Cursor->Object->Greater(p)) Next();
-    }
-    ToCurrent(p);
-    IndexedChanges = Changes;
-    return;
-  }
-
   if (!Tail) {
     ToTail(p);
-  } else if (found == LastOfPriority.begin()) {
+    LastOfPriority.emplace(p->Priority, Tail);
+  } else if (LastOfPriority.empty()) {
+    WalkToPlace(p);
+    ToCurrent(p);
+  } else {
+    LinkBefore(above, p);
+  }
+  IndexedChanges = Changes;
+}
+
+// The literal walk: back while the cursor's text is above p, then forward
+// while it is not.
+void DListtPrioritizedString::WalkToPlace(const tPrioritizedString* p) {
+  if (!Cursor) GotoHead();
+  while (Cursor && PriorityOf(Cursor) > p->Priority) Prev();
+  if (Cursor) {
+    while (Cursor && PriorityOf(Cursor) <= p->Priority) Next();
+  }
+}
+
+// Whether the index entry before `above` is the last text of its priority and
+// the text after it lies above `priority`, or, with no entry before it,
+// whether the head does.
+bool DListtPrioritizedString::PlaceHolds(std::map<int, DLink*>::iterator above,
+                                         int priority) const {
+  if (above == LastOfPriority.begin()) return PriorityOf(Tail->NextLink) > priority;
+  std::map<int, DLink*>::iterator at = std::prev(above);
+  DLink* last = at->second;
+  return PriorityOf(last) == at->first && (last == Tail || PriorityOf(last->NextLink) > priority);
+}
+
+// Links p after the last text of the highest priority below `above` (at the
+// head when there is none), leaving the cursor and PastEnd as the walk would,
+// and records p as the last text of its priority.
+void DListtPrioritizedString::LinkBefore(std::map<int, DLink*>::iterator above,
+                                         tPrioritizedString* p) {
+  if (above == LastOfPriority.begin()) {
     Cursor = Tail->NextLink;
     ToCurrent(p);
     PastEnd = 0;
   } else {
-    DLink* last = std::prev(found)->second;
+    DLink* last = std::prev(above)->second;
     Cursor = last == Tail ? nullptr : last->NextLink;
     PastEnd = 1;
     ToCurrent(p);
   }
-  // found is still the first priority above p's, so the entry for p's
+  // `above` is still the first priority above p's, so the entry for p's
   // priority is just before it or goes there: no second search.
-  if (found != LastOfPriority.begin() && std::prev(found)->first == p->Priority) {
-    std::prev(found)->second = Cursor;
+  if (above != LastOfPriority.begin() && std::prev(above)->first == p->Priority) {
+    std::prev(above)->second = Cursor;
   } else {
-    LastOfPriority.emplace_hint(found, p->Priority, Cursor);
+    LastOfPriority.emplace_hint(above, p->Priority, Cursor);
   }
-  IndexedChanges = Changes;
 }
 
 DListtPrioritizedString::~DListtPrioritizedString() { Clear(); }

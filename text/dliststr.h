@@ -60,6 +60,9 @@ class DListtPrioritizedString : public DList {
   std::map<int, DLink*> LastOfPriority;
   unsigned long IndexedChanges;
   void Reindex();
+  void WalkToPlace(const tPrioritizedString* p);
+  bool PlaceHolds(std::map<int, DLink*>::iterator above, int priority) const;
+  void LinkBefore(std::map<int, DLink*>::iterator above, tPrioritizedString* p);
 };
 
 #endif

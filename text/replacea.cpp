@@ -1,6 +1,5 @@
 #include "text/str.h"
 
-#include <climits>
 #include <cstring>
 #include <new>
 #include <string>
@@ -9,6 +8,12 @@
 #include "text/strblock.h"
 
 namespace {
+
+// The rescan's caps: replacements for one text, and for all texts of a run
+// together (about 20 ms a million on this kind of work).
+const long long kTextReplacements = 10000000;
+const long long kRunReplacements = 10000000;
+long long RunReplacementsLeft = kRunReplacements;
 
 // One left-to-right pass: each search resumes right after the text just
 // inserted, so an inserted `to` is never searched again.
@@ -25,14 +30,17 @@ std::string ReplaceOnce(const char* text, int n, const char* from, int m, const 
 }
 
 // Gives the result of "replace the first occurrence, then search again from
-// the start" in linear time. Characters move one at a time onto `out`, the
-// inserted texts first, then the rest of the input; states[i] is how much of
-// `from` the output ends with after out[i], so the first time it reaches m the
-// output ends with the leftmost occurrence of the whole text. Popping that
-// occurrence and feeding `to` next replays exactly what the rescan would see.
-// Returns false when more than `limit` characters would have to be fed.
+// the start" with work in the length of `from` and `to` per replacement.
+// Characters move one at a time onto `out`, the inserted texts first, then the
+// rest of the input; states[i] is how much of `from` the output ends with after
+// out[i], so the first time it reaches m the output ends with the leftmost
+// occurrence of the whole text. Popping that occurrence and feeding `to` next
+// replays exactly what the rescan would see. Returns false when more than
+// `maxReplacements` replacements would be needed or the text would grow past
+// `maxLength`; `replacements` says how many were made either way.
 bool Rescan(const char* text, int n, const char* from, int m, const char* to, int t,
-            long long limit, std::string& out) {
+            long long maxReplacements, size_t maxLength, std::string& out,
+            long long& replacements) {
   std::vector<int> fallback(m, 0);
   for (int i = 1, k = 0; i < m; ++i) {
     while (k > 0 && from[i] != from[k]) k = fallback[k - 1];
@@ -42,7 +50,7 @@ bool Rescan(const char* text, int n, const char* from, int m, const char* to, in
   std::vector<int> states;
   std::string pending;  // a stack: its back is the next character to feed
   int next = 0;
-  long long fed = 0;
+  replacements = 0;
   out.clear();
   for (;;) {
     char c;
@@ -54,16 +62,17 @@ bool Rescan(const char* text, int n, const char* from, int m, const char* to, in
     } else {
       return true;
     }
-    if (++fed > limit) return false;
     int q = states.empty() ? 0 : states.back();
     while (q > 0 && from[q] != c) q = fallback[q - 1];
     if (from[q] == c) ++q;
     out.push_back(c);
     states.push_back(q);
     if (q == m) {
+      if (++replacements > maxReplacements) return false;
       out.resize(out.size() - m);
       states.resize(states.size() - m);
       for (int j = t - 1; j >= 0; --j) pending.push_back(to[j]);
+      if (out.size() + pending.size() + (n - next) > maxLength) return false;
     }
   }
 }
@@ -133,13 +142,19 @@ String& String::ReplaceAll(const char* from, const char* to) {
     Release(b);
     // The rescan can also run forever without that (replacing "ab" by "bbaa"
     // in "aab" re-creates "ab" with its left neighbour every time), and no
-    // cheap test tells the two apart. So its work is capped at eight times the
-    // most the single pass could feed, plus a million characters: far beyond
-    // any cascade that real substitutions set off, and a bound on memory too.
-    // Past the cap the single-pass result stands, as for `to` containing `from`.
-    long long singlePass = n + (static_cast<long long>(n / m) + 1) * t;
-    long long limit = singlePass > (LLONG_MAX - 1000000) / 8 ? LLONG_MAX : 8 * singlePass + 1000000;
-    rescanned = Rescan(text, n, from, m, to, t, limit, result);
+    // cheap test tells the two apart. So its work is capped: ten million
+    // replacements, and a text of at most four times its starting length and
+    // that of `to`, plus 64 KiB; and ten million replacements for all texts of
+    // a run together, so that however many texts diverge they add a fraction
+    // of a second. Past a cap the single-pass result stands, as for
+    // `to` containing `from`.
+    long long grown = 4 * (static_cast<long long>(n) + t) + 65536;
+    size_t maxLength = static_cast<size_t>(grown < MaxLength ? grown : MaxLength);
+    long long cap =
+        RunReplacementsLeft < kTextReplacements ? RunReplacementsLeft : kTextReplacements;
+    long long used = 0;
+    rescanned = Rescan(text, n, from, m, to, t, cap, maxLength, result, used);
+    RunReplacementsLeft -= used < cap ? used : cap;
   }
   if (!rescanned) result = ReplaceOnce(text, n, from, m, to, t);
   if (result.size() > static_cast<size_t>(MaxLength)) throw std::bad_alloc();
