@@ -1,6 +1,7 @@
 #include "app/common.h"
 
 #include <cstdio>
+#include <cstdlib>
 
 int error = 0;
 
@@ -21,3 +22,11 @@ void Error(int code, const String& text) { Error(code, text.Text()); }
 void Warning(int code, const char* text) { std::fprintf(stderr, "Warning(%d): %s\n", code, text); }
 
 void Warning(int code, const String& text) { Warning(code, text.Text()); }
+
+// Nothing here may allocate: stderr is unbuffered and standard output's buffer
+// already exists.
+void OutOfMemory() {
+  Error(12, "Out of memory.");
+  std::fflush(stdout);
+  std::_Exit(12);
+}

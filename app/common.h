@@ -14,6 +14,13 @@ void Error(int code, const String& text);
 void Warning(int code, const char* text);
 void Warning(int code, const String& text);
 
+// Ends the run at once when memory runs out: prints "ERROR(12): Out of memory.",
+// flushes what standard output already holds and exits with status 12, without
+// unwinding or freeing anything. The entry points install it as the
+// new-handler, so every failed allocation ends here: operator new's, the
+// standard containers' and the text layer's own (AllocationFailed).
+[[noreturn]] void OutOfMemory();
+
 // The program's identity, written into every parseable section and compared
 // when one is read back, and the first line of every template file.
 extern const String AppVersion;

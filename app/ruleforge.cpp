@@ -1,4 +1,5 @@
 #include <cstring>
+#include <new>
 
 #include "app/common.h"
 #include "app/filterd.h"
@@ -8,6 +9,7 @@
 // Reads the previous output (or any parseable section) on standard input and
 // writes the regenerated parseable section and filter on standard output.
 int main(int argc, char** argv) {
+  std::set_new_handler(OutOfMemory);
   String templateName;
   int resolve = 1;
   int dump = 0;

@@ -7,9 +7,9 @@
 # standard input closed), closed-stdout (run with standard output closed),
 # setup (an executable run in the work folder before the run, to make inputs
 # and expected files too large to check in), no-memcheck (not run under
-# valgrind), no-dump (no /tmp/template.dmp may be written), roundtrip (the
-# output fed back in must reproduce itself), program (the program to run,
-# ruleforge when absent). RULEFORGE_WRAPPER, when set, is put in front of the
+# valgrind), no-sanitize (not run in a sanitizer build), no-dump (no
+# /tmp/template.dmp may be written), roundtrip (the output fed back in must
+# reproduce itself), program (the program to run, ruleforge when absent). RULEFORGE_WRAPPER, when set, is put in front of the
 # program (e.g. valgrind). Each run is killed after RULEFORGE_CASE_TIMEOUT
 # seconds (default 120), so a hang fails its case and leaves nothing running.
 # A case that runs with -d, or checks the dump, holds an exclusive lock on

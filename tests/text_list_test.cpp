@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <new>
 #include <random>
 #include <sstream>
 #include <string>
@@ -119,6 +120,7 @@ TEST(ListCursor, AfterEveryOperation) {
       {"T A; go Z", "A >"},
       {"T A; T B; gi 5", "A B >"},
       {"T A; T B; n; gi -1", "[A] B"},
+      {"T A; T B; T C; gi 1", "A [B] C"},
       {"T A; T B; T C; n; rh B", "[B] C A"},
       {"T A; T B; T C; rt A", "B C [A]"},
       {"T A; T B; T C; rh Z", "[A] B C"},
@@ -173,6 +175,17 @@ TEST(ListOwnership, EachElementIsDeletedOnce) {
     delete a;
   }
   EXPECT_EQ(log, "BD'A'C'D'A'C'0ECDAD'A'C'");
+}
+
+// A link the list cannot get is an allocation failure, never a silent loss of
+// the element: it goes to the new-handler, or throws without one.
+TEST(ListOwnership, ALinkThatCannotBeMadeIsAnAllocationFailure) {
+  struct NoLinks : DList {
+    DLink* NewLink(tObject*, DLink*, DLink*) override { return nullptr; }
+  } list;
+  Item item("A");
+  EXPECT_THROW(list.ToTail(&item), std::bad_alloc);
+  EXPECT_EQ(list.Size(), 0);
 }
 
 TEST(ListIndexAndWalk, AgreeWithAModelAndLeaveTheCursor) {

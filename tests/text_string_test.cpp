@@ -29,6 +29,7 @@ TEST(StringSearch, StaysInsideTheRange) {
       {In, "ab,c", ",", 0, 2, -1},   {In, "ab,c", ",", 0, 3, 2},     {In, "abc", "", 0, All, -1},
       {Not, "  a", " ", 0, 2, -1},   {Not, "ab", "", 1, All, 1},     {Not, "ab", "", 2, All, -1},
       {Last, "a,b,c", ",", 0, 2, 1}, {Last, "a,b,c", ",", 2, 1, -1}, {Last, "a,b", ",", 4, All, -1},
+      {Ch, "abc", "a", -1, All, -1}, {Sub, "abc", "a", -1, All, -1}, {Sub, "abc", "", 4, All, -1},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << c.op << ' ' << c.text << ' ' << c.start << '+' << c.count);

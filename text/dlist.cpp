@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "text/nomem.h"
+
 DList::DList()
     : Tail(nullptr),
       Cursor(nullptr),
@@ -27,18 +29,18 @@ void DList::Changed() {
 
 // Links obj in before `before`, or as a ring of one into an empty list (then
 // it is the tail and the cursor, past the end). Inserting before the head
-// makes obj the head, as the tail's successor. Changes nothing when no link
-// could be made.
+// makes obj the head, as the tail's successor. A link that cannot be made is
+// an allocation failure, which ends the run.
 void DList::Link(tObject* obj, DLink* before) {
   if (!Tail) {
     DLink* link = NewLink(obj, nullptr, nullptr);
-    if (!link) return;
+    if (!link) AllocationFailed();
     link->NextLink = link->PrevLink = link;
     Tail = Cursor = link;
     PastEnd = 1;
   } else {
     DLink* link = NewLink(obj, before->PrevLink, before);
-    if (!link) return;
+    if (!link) AllocationFailed();
     before->PrevLink->NextLink = link;
     before->PrevLink = link;
   }
@@ -80,9 +82,7 @@ void DList::ToTail(tObject* obj) {
   }
   bool pastTail = !Cursor && PastEnd;
   DLink* head = Head();
-  int count = Count;
   Link(obj, head);
-  if (Count == count) return;
   Tail = head->PrevLink;
   if (pastTail) Cursor = Tail;
 }
@@ -93,9 +93,7 @@ void DList::ToHead(tObject* obj) {
     return;
   }
   DLink* oldHead = Head();
-  int count = Count;
   Link(obj, oldHead);
-  if (Count == count) return;
   if (Cursor == oldHead || (!Cursor && !PastEnd)) Cursor = oldHead->PrevLink;
 }
 
@@ -108,9 +106,8 @@ void DList::ToCurrent(tObject* obj) {
     }
     return;
   }
-  int count = Count;
   Link(obj, Cursor);
-  if (Count != count) Cursor = Cursor->PrevLink;
+  Cursor = Cursor->PrevLink;
 }
 
 // The removals leave PastEnd alone when they empty the list.

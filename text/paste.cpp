@@ -1,7 +1,6 @@
 #include "text/str.h"
 
 #include <cstring>
-#include <new>
 
 #include "text/strblock.h"
 
@@ -15,7 +14,7 @@ String& String::Paste(const char* s, int pos) {
     return *this;
   }
   if (m == 0) return *this;
-  if (m > MaxLength - length) throw std::bad_alloc();
+  if (m > MaxLength - length) AllocationFailed();
   tBlock* b = NewBlock(Block->Chars(), pos, length + m);
   std::memcpy(b->Chars() + pos, s, m);
   std::memcpy(b->Chars() + pos + m, Block->Chars() + pos, length - pos);

@@ -19,7 +19,7 @@ String::~String() {
 }
 
 String::tBlock* String::NewBlock(const char* s, int n, int capacity) {
-  if (n < 0 || capacity < n || capacity > MaxLength) throw std::bad_alloc();
+  if (n < 0 || capacity < n || capacity > MaxLength) AllocationFailed();
   void* memory = ::operator new(sizeof(tBlock) + static_cast<size_t>(capacity) + 1);
   tBlock* b = new (memory) tBlock{1, n, capacity};
   if (n > 0) std::memcpy(b->Chars(), s, n);
@@ -61,7 +61,7 @@ void String::Adopt(tBlock* b) {
 void String::Append(const char* s, int n) {
   if (n <= 0) return;
   int length = Block->Length;
-  if (n > MaxLength - length) throw std::bad_alloc();
+  if (n > MaxLength - length) AllocationFailed();
   int need = length + n;
   if (Block->Refs == 1 && need <= Block->Capacity) {
     std::memmove(Block->Chars() + length, s, n);

@@ -4,6 +4,7 @@
 #include <climits>
 #include <cstring>
 
+#include "text/nomem.h"
 #include "text/str.h"
 
 // The shared text block behind a String: a 16-bit holder count, the length and
