@@ -8,8 +8,25 @@
 
 namespace {
 
-void SkipToSection(tFilterTemplateFile& file) {
-  while (!file.Eof() && !AtSectionSeparator(file)) file.Next();
+// A line that holds more than blanks and tabs.
+int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
+
+// Lines that a section's reading left unread are skipped, and noted unless the
+// whole section is being skipped.
+void SkipToSection(tFilterTemplateFile& file, int noteSkipped = 1) {
+  while (!file.Eof() && !AtSectionSeparator(file)) {
+    if (noteSkipped && file.Notes && IsWritten(file.Line()))
+      file.Note(file.LineNumber, NoteLineSkipped, file.Line());
+    file.Next();
+  }
+}
+
+void SkipToLabelLine(tFilterTemplateFile& file) {
+  while (!file.Eof() && file.Ch() != '~') {
+    if (file.Notes && IsWritten(file.Line()))
+      file.Note(file.LineNumber, NoteLineSkipped, file.Line());
+    file.Next();
+  }
 }
 
 // Pairs up to the shorter list: a name without a value is not written.
@@ -26,8 +43,8 @@ void WriteSubstitutions(FILE* out, const DListtString& names, const DListtString
 
 }  // namespace
 
-tFilterData::tFilterData(const char* templateName, int resolve)
-    : FirstLabel(0), ResolveNames(resolve) {
+tFilterData::tFilterData(const char* templateName, int resolve, tReadNotes* notes)
+    : FirstLabel(0), ResolveNames(resolve), Notes(notes) {
   ReadTemplate(templateName ? templateName : "mkrule.tpl");
 }
 
@@ -40,6 +57,7 @@ int tFilterData::New() { return DataSets.New(&MainRules); }
 
 int tFilterData::ReadTemplate(const char* fileName) {
   tFilterTemplateFile file(fileName);
+  file.Notes = Notes;
   if (!file.IsOpen) {
     Error(1, String("Could not open '") + fileName + "'.");
     return -1;
@@ -58,16 +76,22 @@ int tFilterData::ReadTemplate(const char* fileName) {
 
   SkipToSection(file);
   while (!file.Eof()) {
+    int line = file.LineNumber;
     file.GetString(4);
+    if (file.LineNumber != line) file.Note(line, NoteSectionNameOnNextLine, file.Line());
     String section = file.GetLine();
+    int known = 1;
     if (section == "Substitutions") {
       ReadSubstitutions(file);
     } else if (section == "Main Rules") {
       MainRules.Read(file);
     } else if (section == "Label Rules") {
       ReadLabelRules(file);
+    } else {
+      known = 0;
+      if (file.TakenFrom == line) file.Note(line, NoteUnknownSection, section);
     }
-    SkipToSection(file);
+    SkipToSection(file, known);
   }
   New();
   file.Close();
@@ -78,24 +102,35 @@ int tFilterData::ReadTemplate(const char* fileName) {
 // stands between its first two occurrences and the value before the third.
 void tFilterData::ReadSubstitutions(tFilterTemplateFile& file) {
   while (!file.Eof() && file.Ch() != '~') {
+    int line = file.LineNumber;
     char delimiter[2] = {file.GetCh(), '\0'};
     int end = file.Line().At(delimiter[0]);
     if (end >= 0) {
-      SubstitutionNames.ToTail(new tString(file.GetString(end)));
+      tString* name = new tString(file.GetString(end));
+      SubstitutionNames.ToTail(name);
+      file.Placed(name, line);
       file.GetCh();
       end = file.Line().At(delimiter[0]);
       SubstitutionValues.ToTail(new tString(end >= 0 ? file.GetString(end) : Empty));
+      if (end < 0 && file.LineNumber == line) file.Note(line, NoteSubstitutionUnclosed, *name);
     }
+    // A delimiter that ends its line moves the reader on, so the value, or
+    // even the name, was looked for in the next line, which is then dropped.
+    if (file.LineNumber != line) file.Note(line, NoteSubstitutionSwallows);
     file.Next();
   }
 }
 
 void tFilterData::ReadLabelRules(tFilterTemplateFile& file) {
-  while (!file.Eof() && file.Ch() != '~') file.Next();
+  SkipToLabelLine(file);
   if (!file.Eof() && file.Line().Text()[1] != '~') {
+    int line = file.LineNumber;
     file.GetCh();
+    if (file.LineNumber != line) file.Note(line, NoteLabelLineAlone);
     // A number beyond the 32-bit range is held to it, as text priorities are.
-    FirstLabel = ToPriority(file.GetLine().Text());
+    String number = file.GetLine();
+    FirstLabel = ToPriority(number.Text());
+    if (IsHeld(FirstLabel, number.Text())) file.Note(line, NotePriorityHeld, number);
   }
   LabelRules.Read(file);
 }
@@ -123,7 +158,7 @@ int tFilterData::WriteTemplate(const char* fileName) const {
 }
 
 int tFilterData::ReadData(const char* fileName) {
-  int result = DataSets.Read(fileName, TemplateTitle.Text(), MainRules, LabelRules);
+  int result = DataSets.Read(fileName, TemplateTitle.Text(), MainRules, LabelRules, Notes);
   if (result >= 0) return 0;
   String name(fileName);
   if (result == -1) {

@@ -20,8 +20,10 @@ class tFilterData : public tObject {
   DListtString SubstitutionNames;
   DListtString SubstitutionValues;
 
-  // A null templateName reads "mkrule.tpl" from the working directory.
-  tFilterData(const char* templateName, int resolve);
+  // A null templateName reads "mkrule.tpl" from the working directory. Notes,
+  // when given, receives what the template and data readers skip or read
+  // otherwise than written; it must outlive the document.
+  tFilterData(const char* templateName, int resolve, tReadNotes* notes = nullptr);
   ~tFilterData() override;
 
   int ReadTemplate(const char* fileName);
@@ -31,6 +33,7 @@ class tFilterData : public tObject {
   int New();
 
  private:
+  tReadNotes* Notes;
   void ReadSubstitutions(tFilterTemplateFile& file);
   void ReadLabelRules(tFilterTemplateFile& file);
 };

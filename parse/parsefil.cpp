@@ -10,7 +10,14 @@ const char kQuotes[] = "\"'`";
 }  // namespace
 
 tParseableFile::tParseableFile(const char* name)
-    : IsOpen(0), Stream(nullptr), CurrentLine(""), Pos(0), LineText(nullptr) {
+    : IsOpen(0),
+      LineNumber(0),
+      TakenFrom(0),
+      Notes(nullptr),
+      Stream(nullptr),
+      CurrentLine(""),
+      Pos(0),
+      LineText(nullptr) {
   Open(name);
 }
 
@@ -24,6 +31,8 @@ int tParseableFile::Open(const char* name) {
   IsOpen = Stream ? 1 : 0;
   CurrentLine = Empty;
   Pos = 0;
+  LineNumber = 0;
+  TakenFrom = 0;
   Refresh();
   return IsOpen;
 }
@@ -61,7 +70,7 @@ void tParseableFile::Next() {
     return;
   }
   for (;;) {
-    CurrentLine.fgets(Stream);
+    if (CurrentLine.fgets(Stream) || CurrentLine.Length() > 0) ++LineNumber;
     if (CurrentLine.Length() > 0 || AtStreamEnd()) break;
   }
   Refresh();
@@ -81,6 +90,7 @@ String& tParseableFile::Line() {
 
 char tParseableFile::GetCh() {
   char c = Ch();
+  TakenFrom = LineNumber;
   if (Remaining() > 0) ++Pos;
   if (Remaining() == 0) Next();
   Refresh();
@@ -89,6 +99,7 @@ char tParseableFile::GetCh() {
 
 String tParseableFile::GetLine() {
   String rest = Line();
+  TakenFrom = LineNumber;
   Next();
   return rest;
 }
@@ -97,6 +108,7 @@ String tParseableFile::GetString(int width) {
   String result;
   if (Remaining() == 0) Next();
   while (result.Length() == 0 && !Eof()) {
+    TakenFrom = LineNumber;
     if (width >= 0) {
       result = CurrentLine.Copy(Pos, width);
       Pos += result.Length();
@@ -151,7 +163,9 @@ void tFilterDataFile::Next() {
     tParseableFile::Next();
     if (CurrentLine.At("###", 0, 3) == 0) {
       Pos = 3;
+      if (Notes) Note(LineNumber, Remaining() > 0 ? NoteDataLine : NoteBareMarker, CurrentLine);
     } else {
+      if (Notes && CurrentLine.Length() > 0) Note(LineNumber, NoteDataLineSkipped, CurrentLine);
       CurrentLine = Empty;
     }
     if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "parse/notes.h"
 #include "text/str.h"
 
 // Reads a text file line by line and lets callers take the current line apart
@@ -27,6 +28,21 @@ class tParseableFile {
   virtual String GetLine();
 
   int IsOpen;
+  // The physical line (from 1) that the current line was read from, counting
+  // every line of the file, also those the format skips; 0 before the first.
+  int LineNumber;
+  // The physical line that the last token, character or rest of a line taken
+  // came from.
+  int TakenFrom;
+  // The receiver of notes, or null (the default): then nothing is noted.
+  tReadNotes* Notes;
+
+  void Note(int line, tNote what, const String& detail = Empty) {
+    if (Notes) Notes->Note(line, what, detail);
+  }
+  void Placed(const void* element, int line) {
+    if (Notes) Notes->Placed(element, line);
+  }
 
  protected:
   FILE* Stream;

@@ -1,8 +1,42 @@
 #include "rules/clause.h"
 
+#include <cstring>
+
 namespace {
 
 int BeginsWithTilde(tFilterDataFile& in) { return in.Line().Text()[0] == '~'; }
+
+// Notes every entry of a value line that has blanks inside: they are removed,
+// so the words around them run together.
+void NoteGluedEntries(tFilterDataFile& in, int line, const String& text) {
+  const char* p = text.Text();
+  while (*p) {
+    int length = static_cast<int>(std::strcspn(p, ","));
+    int start = 0;
+    int end = length;
+    while (start < end && std::strchr(" \r\t", p[start])) ++start;
+    while (end > start && std::strchr(" \r\t", p[end - 1])) --end;
+    for (int k = start; k < end; ++k) {
+      if (p[k] == ' ' || p[k] == '\t') {
+        in.Note(line, NoteGluedEntry, String(p).Copy(start, end - start));
+        break;
+      }
+    }
+    p += length;
+    if (*p) ++p;
+  }
+}
+
+// The next line is a value list unless it begins with '~'.
+void ReadValues(tFilterDataFile& in, DListtString& values) {
+  values.Clear();
+  if (BeginsWithTilde(in)) return;
+  int line = in.LineNumber;
+  String text = in.GetLine();
+  SplitFields(values, text.Text());
+  in.Placed(&values, line);
+  if (in.Notes) NoteGluedEntries(in, line, text);
+}
 
 }  // namespace
 
@@ -74,26 +108,37 @@ int tClauseData::WriteParseable(FILE* out) {
 // Variant states are placed by position: the k-th entry is variant k's state,
 // and only the exact entry "0" means off. Entries past the fourth have no
 // variant to belong to and are dropped.
-void tClauseData::ReadPart(tFilterDataFile& in) {
+void tClauseData::ReadPart(tFilterDataFile& in, int headLine) {
   if (in.Ch() == ',') in.GetCh();
+  if (headLine && in.LineNumber != headLine) in.Note(headLine, NoteNoStates);
+  int line = in.LineNumber;
   DListtString states;
   SplitFields(states, in.GetLine().Text());
   for (int k = 0; k < 4; ++k) {
     tString* state = states[k];
     VariantStates[k] = state ? (*state == "0" ? 0 : 1) : 0;
+    // An empty place is how the writer skips an unlabelled variant 0.
+    if (state && *state != "0" && *state != "1" &&
+        (state->Length() > 0 || Template->VariantLabels[k].Length() > 0))
+      in.Note(line, NoteStateEntry, *state);
   }
-  Values0.Clear();
-  if (!BeginsWithTilde(in)) SplitFields(Values0, in.GetLine().Text());
-  Values1.Clear();
-  if (!BeginsWithTilde(in)) SplitFields(Values1, in.GetLine().Text());
-  while (!in.Eof() && !BeginsWithTilde(in)) in.Next();
+  if (states.Size() > 4) in.Note(line, NoteTooManyStates, *states[4]);
+  ReadValues(in, Values0);
+  ReadValues(in, Values1);
+  while (!in.Eof() && !BeginsWithTilde(in)) {
+    in.Note(in.LineNumber, NoteExtraDataLine, in.Line());
+    in.Next();
+  }
 }
 
 int tClauseData::Read(tFilterDataFile& in) {
+  int headLine = in.TakenFrom;
+  in.Placed(this, headLine);
   for (tClauseData* part = this;; part = part->Partner) {
-    part->ReadPart(in);
+    part->ReadPart(in, part == this ? headLine : 0);
     if (in.Line().Head(3) == "~~~") return 0;
     in.GetLine();  // the "~~" line that opens the companion's lines
     if (!part->Partner || part != this) return 0;
+    in.Placed(part->Partner, in.LineNumber);
   }
 }

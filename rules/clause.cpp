@@ -4,12 +4,14 @@
 
 namespace {
 
-int ToVariant(const char* text) {
-  int n = ToPriority(text);
+int ToVariant(int n) {
   if (n > 3) return 3;
   if (n < 0) return 0;
   return n;
 }
+
+// A line that holds more than blanks, tabs and commas.
+int IsWritten(const String& line) { return line.AtFirstNotIn(" \t,") >= 0; }
 
 void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant, char kind) {
   for (const tPrioritizedString* text : Walk<const tPrioritizedString>(texts)) {
@@ -35,10 +37,23 @@ tClauseTemplate::~tClauseTemplate() {
 }
 
 int tClauseTemplate::Read(tFilterTemplateFile& file) {
-  Name = file.GetString(-1);
-  for (String& label : VariantLabels) label = file.GetString(-1);
-  Value0Label = file.GetString(-1);
-  Value1Label = file.GetString(-1);
+  String* strings[] = {
+      &Name,        &VariantLabels[0], &VariantLabels[1], &VariantLabels[2], &VariantLabels[3],
+      &Value0Label, &Value1Label};
+  int line = 0;
+  int onLine = 0;
+  for (String* string : strings) {
+    *string = file.GetString(-1);
+    if (string == &Name) line = file.TakenFrom;
+    onLine += file.TakenFrom == line;
+  }
+  file.Placed(this, line);
+  int last = file.TakenFrom;
+  if (last != line) {
+    String count;
+    count.Make(static_cast<long>(onLine));
+    file.Note(line, NoteShortStringLine, count);
+  }
   int labelled = 0;
   for (const String& label : VariantLabels) labelled |= label.Length() > 0;
   if (!labelled) Flags |= FixedClause;
@@ -46,6 +61,9 @@ int tClauseTemplate::Read(tFilterTemplateFile& file) {
   // The rest of the string line, and any line before the first header line,
   // carries nothing.
   while (file.Ch() != '~') {
+    if (file.Notes && IsWritten(file.Line()))
+      file.Note(file.LineNumber, file.LineNumber == last ? NoteExtraStrings : NoteLineSkipped,
+                file.Line());
     file.Next();
     if (file.Eof()) return 0;
   }
@@ -57,7 +75,9 @@ int tClauseTemplate::Read(tFilterTemplateFile& file) {
 
 int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   if (file.Line().Head(3) == "~~~") return 0;
+  int line = file.LineNumber;
   file.GetCh();
+  if (file.LineNumber != line) file.Note(line, NoteHeaderAlone);
   String header = file.GetLine();
   DListtString fields;
   SplitFields(fields, header.Text());
@@ -71,20 +91,32 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
       Partner->Partner = this;
       OwnsPartner = true;
       Partner->Read(file);
+    } else if (Partner) {
+      file.Note(line, NoteSecondCompanion);
     }
     return 0;
   }
-  if (fields.Size() < 3) return 0;
-  int variant = ToVariant(first);
+  if (fields.Size() < 3) {
+    file.Note(line, header.At(',') < 0 ? NoteHeaderNoCommas : NoteHeaderFewFields, header);
+    return 0;
+  }
+  int variant = ToPriority(first);
+  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, *fields[0]);
+  variant = ToVariant(variant);
   int priority = ToPriority(fields[1]->Text());
+  if (IsHeld(priority, fields[1]->Text())) file.Note(line, NotePriorityHeld, *fields[1]);
   char kind = fields[2]->ToUpper().Text()[0];
   DListtPrioritizedString* texts = nullptr;
   if (kind == 'S') texts = &SingleTexts[variant];
   if (kind == 'V') texts = &ValueTexts[variant];
-  if (!texts) return 0;
+  if (!texts) {
+    file.Note(line, NoteHeaderUnknownKind, *fields[2]);
+    return 0;
+  }
 
   tPrioritizedString* text = new tPrioritizedString(Empty, priority);
   texts->ToSorted(text);
+  file.Placed(text, file.LineNumber);
   while (!file.Eof() && file.Ch() != '~') {
     *text += file.GetLine();
     *text += "\n";

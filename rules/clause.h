@@ -77,7 +77,7 @@ class tClauseData : public tObject {
 
   void WriteStates(FILE* out) const;
   void WriteValues(FILE* out);
-  void ReadPart(tFilterDataFile& in);
+  void ReadPart(tFilterDataFile& in, int headLine);
   void Expand(DListtPrioritizedString& out);
 };
 

@@ -1,6 +1,7 @@
 #include "rules/clauslst.h"
 
 #include <memory>
+#include <unordered_set>
 
 #include "app/common.h"
 
@@ -32,6 +33,8 @@ int DListtClauseTemplate::Read(tFilterTemplateFile& file) {
   Clear();
   SkipClauseSeparators(file);
   while (!file.Eof() && !AtSectionSeparator(file)) {
+    if (file.Notes && file.Line().Head(3) == ClauseSeparator)
+      file.Note(file.LineNumber, NoteNotClauseSeparator, file.Line());
     tClauseTemplate* clause = new tClauseTemplate;
     ToTail(clause);
     clause->Read(file);
@@ -107,13 +110,20 @@ tClauseData* DListtClauseData::Find(const String& clauseName) {
 int DListtClauseData::Read(tFilterDataFile& in) {
   New();
   SkipClauseSeparators(in);
+  // The records read so far, kept only for the notes.
+  std::unordered_set<const tClauseData*> read;
   while (!in.Eof() && !AtSectionSeparator(in)) {
     String clauseName = in.GetString(-1);
     tClauseData* record = Find(clauseName);
     if (record) {
+      if (in.Notes && !read.insert(record).second)
+        in.Note(in.TakenFrom, NoteClauseTwice, clauseName);
       record->Read(in);
     } else {
-      Error(6, String("Unrecognized Clause - '") + clauseName + "'. Not in current template set.");
+      if (in.Notes)
+        in.Note(in.TakenFrom, NoteUnknownClause, clauseName);
+      else
+        Error(6, String("Unrecognized Clause - '") + clauseName + "'. Not in current template set.");
       while (!in.Eof() && in.Line().Head(3) != ClauseSeparator) in.Next();
     }
     SkipClauseSeparators(in);
@@ -163,16 +173,19 @@ int ReadBanner(const String& line, String& program, String& fileVersion) {
 
 int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitle,
                                   DListtClauseTemplate& mainTemplates,
-                                  DListtClauseTemplate& labelTemplates) {
+                                  DListtClauseTemplate& labelTemplates, tReadNotes* notes) {
   tFilterDataFile in(fileName);
   if (!in.IsOpen) return -1;
+  in.Notes = notes;
 
   String program, fileVersion;
   if (!ReadBanner(in.GetLine(), program, fileVersion)) {
     in.Close();
     return -2;
   }
-  if (fileVersion != AppVersion || program != ProgramName) {
+  if ((fileVersion != AppVersion || program != ProgramName) && notes) {
+    in.Note(in.TakenFrom, NoteOtherWriter, program + version + fileVersion);
+  } else if (fileVersion != AppVersion || program != ProgramName) {
     Warning(1, String("This file was written with ") + program + version + fileVersion +
                    ", but you are now running " + ProgramName + version + AppVersion +
                    ". Double check the entries and/or resulting file to make sure the data "
@@ -183,7 +196,9 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
     in.Close();
     return -2;
   }
-  if (title != templateTitle) {
+  if (title != templateTitle && notes) {
+    in.Note(in.TakenFrom, NoteOtherTemplate, title);
+  } else if (title != templateTitle) {
     Warning(2, String("This file was created from the template file titled '") + title +
                    "', but you are now using template titled '" + templateTitle +
                    "'. Double check the entries and/or resulting file to make sure the data "
@@ -196,12 +211,17 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
   std::unordered_map<std::string, DListtClauseData*> byName;
   DListtClauseData* receiving = static_cast<DListtClauseData*>((*this)[0]);
   byName.emplace(receiving->Name(nullptr).Text(), receiving);
+  // The set names of the header lines so far, kept only for the notes.
+  std::unordered_set<std::string> headers;
   int result = 0;
   while (!in.Eof()) {
     if (AtSectionSeparator(in)) {
+      int line = in.LineNumber;
       in.GetString(4);
       String name = in.GetString(-1);
+      if (in.TakenFrom != line) in.Note(line, NoteSetHeaderAlone, name);
       auto found = byName.find(name.Text());
+      if (notes && !headers.insert(name.Text()).second) in.Note(line, NoteSetTwice, name);
       if (found != byName.end()) {
         receiving = found->second;
       } else {

@@ -66,8 +66,10 @@ class DListOfDListtClauseData : public DList {
 
   int New(DListtClauseTemplate* mainTemplates);
   DListtClauseData* Current() const;
+  // With notes, the conditions otherwise reported as warnings 1 and 2 and
+  // error 6 are noted instead, and the reading goes on as it always does.
   int Read(const char* fileName, const char* templateTitle, DListtClauseTemplate& mainTemplates,
-           DListtClauseTemplate& labelTemplates);
+           DListtClauseTemplate& labelTemplates, tReadNotes* notes = nullptr);
   int Write(const char* fileName, const char* title, int firstLabel, DListtString& names,
             DListtString& values);
   // Writes the whole output to out; shownName is the name used in messages.
