@@ -123,7 +123,8 @@ int DListtClauseData::Read(tFilterDataFile& in) {
       if (in.Notes)
         in.Note(in.TakenFrom, NoteUnknownClause, clauseName);
       else
-        Error(6, String("Unrecognized Clause - '") + clauseName + "'. Not in current template set.");
+        Error(6,
+              String("Unrecognized Clause - '") + clauseName + "'. Not in current template set.");
       while (!in.Eof() && in.Line().Head(3) != ClauseSeparator) in.Next();
     }
     SkipClauseSeparators(in);

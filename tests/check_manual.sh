@@ -1,13 +1,17 @@
 #!/usr/bin/env bash
-# Keeps the manual page in step with the program: groff renders it without a
-# warning; OPTIONS and SYNOPSIS name every option app/ruleforge.cpp accepts and
-# OPTIONS no other; DIAGNOSTICS holds every message code of app/, rules/ and
-# resolve/ with each literal piece of its text, and no code the program lacks;
-# FILES names every file the program uses.
-# Usage: check_manual.sh <source dir>. Exit status 77 (skipped) without groff.
+# Keeps a manual page in step with its program: groff renders it without a
+# warning; OPTIONS and SYNOPSIS name every option app/PROGRAM.cpp accepts and
+# OPTIONS no other. For ruleforge, DIAGNOSTICS holds every message code of app/
+# (but the other programs' entry points), rules/ and resolve/ with each literal
+# piece of its text, and no code the program lacks, and FILES names every file
+# the program uses; for another program, DIAGNOSTICS holds the messages of its
+# entry point.
+# Usage: check_manual.sh <source dir> [program, ruleforge when absent]. Exit
+# status 77 (skipped) without groff.
 set -u
 src=$1
-page=$src/ruleforge.1
+program=${2:-ruleforge}
+page=$src/$program.1
 command -v groff >/dev/null || { echo "groff is not installed: skipped"; exit 77; }
 fail=0
 complain() { echo "$*"; fail=1; }
@@ -18,8 +22,8 @@ warnings=$(groff -man -ww -z "$page" 2>&1)
 text=$(groff -man -Tascii -P-cbou -rLL=2000n -rHY=0 "$page" 2>/dev/null)
 section() { awk -v s="$1" '/^[A-Z]/ { on = ($0 == s) } on' <<<"$text" | tr -s ' \n' '  '; }
 
-options=$(grep -oE 'strcmp\(argv\[i\], "-[^"]*"\)' "$src/app/ruleforge.cpp" | grep -oE -- '-[a-z]+')
-[ -n "$options" ] || complain "no options found in app/ruleforge.cpp"
+options=$(grep -oE 'strcmp\(argv\[i\], "-[^"]*"\)' "$src/app/$program.cpp" | grep -oE -- '-[a-z]+')
+[ -n "$options" ] || complain "no options found in app/$program.cpp"
 for option in $options; do
   section OPTIONS | grep -qE -- "(^| )$option( |$)" || complain "OPTIONS lacks $option"
   section SYNOPSIS | grep -qF -- "$option" || complain "SYNOPSIS lacks $option"
@@ -30,7 +34,14 @@ done
 
 # Every Error(n, ...) and Warning(n, ...) call with its literal pieces, from the
 # sources with comments removed and adjacent literals joined.
-calls=$(for file in "$src"/app/*.cpp "$src"/rules/*.cpp "$src"/resolve/*.cpp; do
+sources=("$src/app/$program.cpp")
+if [ "$program" = ruleforge ]; then
+  sources=()
+  for file in "$src"/app/*.cpp "$src"/rules/*.cpp "$src"/resolve/*.cpp; do
+    [[ $file == "$src"/app/ruleforge-*.cpp ]] || sources+=("$file")
+  done
+fi
+calls=$(for file in "${sources[@]}"; do
           sed -E 's:(^|[[:space:]])//.*$::' "$file" | tr '\n' ' ' |
             sed -E 's/"[[:space:]]+"//g' | grep -oE '\b(Error|Warning)\([0-9]+,[^;]*;'
         done | sort -u)
@@ -48,6 +59,7 @@ while IFS= read -r call; do
     grep -qF -- "$piece" <<<"$diagnostics" || complain "DIAGNOSTICS lacks the text '$piece' of $label"
   done < <(grep -oE '"[^"]+"' <<<"${call#*,}")
 done <<<"$calls"
+[ "$program" = ruleforge ] || exit $fail
 for label in $(grep -oE '(ERROR|Warning)\([0-9]+\):' <<<"$diagnostics" | sort -u); do
   grep -qxF -- "$label" <<<"$labels" || complain "DIAGNOSTICS documents $label, which the program lacks"
 done

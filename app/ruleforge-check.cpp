@@ -1,0 +1,73 @@
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "app/common.h"
+#include "app/filterd.h"
+#include "check/checknotes.h"
+#include "check/findings.h"
+#include "check/lookups.h"
+#include "check/starter.h"
+#include "check/tplcheck.h"
+#include "text/str.h"
+
+// ruleforge-check [-r] [-t templatefile] [datafile ...]
+// ruleforge-check -s [-t templatefile]
+// Reads the template and each data file ("-" is standard input) as ruleforge
+// reads them, with a receiver of the readers' notes, and prints one finding a
+// line for everything skipped, cut or read otherwise than written. Status 0
+// when nothing was found, 1 when something was, 2 when a file could not be
+// read as a template or data file. With -s it prints a starting data file.
+int main(int argc, char** argv) {
+  String templateName;
+  int resolve = 1;
+  int starter = 0;
+  std::vector<const char*> dataFiles;
+  for (int i = 1; i < argc; ++i) {
+    if (std::strcmp(argv[i], "-r") == 0) {
+      resolve = 0;
+    } else if (std::strcmp(argv[i], "-s") == 0) {
+      starter = 1;
+    } else if (std::strcmp(argv[i], "-t") == 0) {
+      templateName = i + 1 < argc ? argv[++i] : "";
+    } else if (argv[i][0] == '-' && argv[i][1] != '\0') {
+      Error(0, String("Unrecognized commandline option '") + argv[i] + "'. Use: " + argv[0] +
+                   " [-r] [-s] [-t templatefile] [datafile ...]");
+      return 2;
+    } else {
+      dataFiles.push_back(argv[i]);
+    }
+  }
+
+  tFindings findings;
+  tCheckNotes notes(findings);
+  int unreadable = 0;
+  {
+    const char* name = templateName.Length() > 0 ? templateName.Text() : nullptr;
+    findings.Begin(name ? name : "mkrule.tpl");
+    tFilterData document(name, resolve, &notes);
+    if (error != 0) return 2;
+    if (starter) {
+      WriteStarter(document, stdout);
+      return 0;
+    }
+    CheckTemplate(document, notes, findings);
+    findings.Print(stdout);
+    notes.Rules(&document.MainRules, &document.LabelRules);
+    for (const char* file : dataFiles) {
+      int standardInput = std::strcmp(file, "-") == 0;
+      findings.Begin(standardInput ? "<stdin>" : file);
+      notes.BeginData();
+      error = 0;
+      document.ReadData(standardInput ? nullptr : file);
+      if (error != 0) {
+        unreadable = 1;
+        continue;
+      }
+      if (resolve) CheckLookups(document, notes, findings);
+      findings.Print(stdout);
+    }
+  }
+  if (unreadable) return 2;
+  return findings.Total > 0 ? 1 : 0;
+}

@@ -1,0 +1,266 @@
+#include "check/checknotes.h"
+
+#include <strings.h>
+
+#include <cstring>
+
+#include "app/common.h"
+#include "rules/numbers.h"
+#include "text/dlist.h"
+
+namespace {
+
+const char kDropped[] = "the clause ends here and its texts are dropped";
+const char kSectionEnd[] = "## End of parseable section";
+
+// The words of a header line, joined as the writer writes them: "~0, 300, V".
+String HeaderAsMeant(const String& fields) {
+  String meant("~");
+  const char* p = fields.Text();
+  int words = 0;
+  while (*p) {
+    while (*p && std::strchr(" \t,", *p)) ++p;
+    if (!*p) break;
+    if (words++ > 0) meant += ", ";
+    const char* end = p;
+    while (*end && !std::strchr(" \t,", *end)) ++end;
+    meant += String(p).Copy(0, static_cast<int>(end - p));
+    p = end;
+  }
+  return words >= 3 ? meant : String("~variant, priority, kind");
+}
+
+// The known section that name was probably meant as, if any: the same letters
+// in another case, or with blanks around them.
+const char* MeantSection(const String& name) {
+  static const char* const known[] = {"Substitutions", "Main Rules", "Label Rules"};
+  const char* p = name.Text();
+  while (*p == ' ' || *p == '\t') ++p;
+  for (const char* candidate : known) {
+    size_t n = std::strlen(candidate);
+    if (strncasecmp(p, candidate, n) != 0) continue;
+    const char* rest = p + n;
+    while (*rest == ' ' || *rest == '\t') ++rest;
+    if (!*rest) return candidate;
+  }
+  return nullptr;
+}
+
+int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
+
+tClauseTemplate* Named(DListtClauseTemplate* rules, const String& name, int companions) {
+  if (!rules) return nullptr;
+  for (tClauseTemplate* clause : Walk<tClauseTemplate>(*rules)) {
+    tClauseTemplate* candidate = companions ? clause->Partner : clause;
+    if (candidate && candidate->Name == name) return clause;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+tCheckNotes::tCheckNotes(tFindings& findings)
+    : Findings(findings), MainRules(nullptr), LabelRules(nullptr), Where(BeforeSection) {}
+
+void tCheckNotes::Rules(DListtClauseTemplate* mainRules, DListtClauseTemplate* labelRules) {
+  MainRules = mainRules;
+  LabelRules = labelRules;
+}
+
+void tCheckNotes::BeginData() {
+  Lines.clear();
+  Where = BeforeSection;
+}
+
+int tCheckNotes::LineOf(const void* element) const {
+  auto found = Lines.find(element);
+  return found == Lines.end() ? 0 : found->second;
+}
+
+void tCheckNotes::Placed(const void* element, int line) { Lines[element] = line; }
+
+// Only the lines of the parseable section are data; what stands above it and
+// the filter text below its end line are skipped as they should be.
+void tCheckNotes::DataLine(int line, tNote what, const String& text) {
+  if (what == NoteDataLine) {
+    if (Where == BeforeSection) Where = InSection;
+    if (Where == BelowSection)
+      Findings.Add(line,
+                   "line below the end of the parseable section begins with \"###\": it is "
+                   "read as data (begin filter text lines otherwise)");
+    return;
+  }
+  if (Where != InSection) return;
+  if (what == NoteBareMarker) {
+    Findings.Add(line,
+                 "line \"###\" alone is skipped, so the list lines after it move up (write "
+                 "\"### \" with a blank for an empty list)");
+  } else if (text.Head(static_cast<int>(std::strlen(kSectionEnd))) == kSectionEnd) {
+    Where = BelowSection;
+  } else if (IsWritten(text) && text.Head(3) != "## ") {
+    Findings.Add(line,
+                 "line does not begin with \"###\": it is skipped and lost on "
+                 "regeneration (begin data lines with \"###\", comments with \"## \")");
+  }
+}
+
+String tCheckNotes::UnknownClause(const String& name) {
+  String quoted = Quoted(name);
+  if (tClauseTemplate* clause = Named(MainRules, name, 0)) {
+    if (clause->Flags & tClauseTemplate::FixedClause)
+      return "clause " + quoted +
+             " is fixed (it has no variants) and takes no data: ruleforge "
+             "stops with error 6 and writes nothing (remove its lines)";
+    return "clause " + quoted +
+           " belongs to the \"Main Rules\": in a label data set ruleforge "
+           "stops with error 6 and writes nothing (move it under "
+           "\"###~~~~(Main)\")";
+  }
+  if (tClauseTemplate* clause = Named(LabelRules, name, 0)) {
+    if (clause->Flags & tClauseTemplate::FixedClause)
+      return "clause " + quoted +
+             " is fixed (it has no variants) and takes no data: ruleforge "
+             "stops with error 6 and writes nothing (remove its lines)";
+    return "clause " + quoted +
+           " belongs to the \"Label Rules\": outside a label data set "
+           "ruleforge stops with error 6 and writes nothing (move it under a "
+           "\"###~~~~NAME\" line)";
+  }
+  tClauseTemplate* main = Named(MainRules, name, 1);
+  if (!main) main = Named(LabelRules, name, 1);
+  if (main)
+    return quoted + " is the companion of clause " + Quoted(main->Name) +
+           ": named as a clause, ruleforge stops with error 6 and writes nothing (write its "
+           "lines after \"###~~\" in that clause)";
+  return "unknown clause " + quoted +
+         ": ruleforge stops with error 6 and writes nothing "
+         "(check the name against the template)";
+}
+
+void tCheckNotes::Note(int line, tNote what, const String& detail) {
+  String quoted = Quoted(detail);
+  String text;
+  switch (what) {
+    case NoteLineSkipped:
+      text = "line " + quoted +
+             " is skipped: it belongs to no section, clause or text (begin a comment with \"//\")";
+      break;
+    case NoteUnknownSection: {
+      const char* meant = MeantSection(detail);
+      text = "unknown section " + quoted + ": its lines are skipped " +
+             (meant ? String("(write \"~~~~") + meant + "\")"
+                    : String("(the sections are \"Substitutions\", \"Main Rules\" and \"Label "
+                             "Rules\")"));
+      break;
+    }
+    case NoteSectionNameOnNextLine:
+      text = "section marker \"~~~~\" has no name: the next line, " + quoted +
+             ", is taken as the name (write the name on the marker's line, as in "
+             "\"~~~~Main Rules\")";
+      break;
+    case NoteHeaderAlone:
+      text =
+          "header line \"~\" alone: its fields are taken from the next line (write "
+          "\"~variant, priority, kind\" on one line)";
+      break;
+    case NoteHeaderNoCommas:
+      text = String("header line has no commas: ") + kDropped + " (write " +
+             Quoted(HeaderAsMeant(detail)) + ")";
+      break;
+    case NoteHeaderFewFields:
+      text = String("header line has fewer than three fields: ") + kDropped +
+             " (write \"~variant, priority, kind\")";
+      break;
+    case NoteHeaderUnknownKind:
+      text = "header line has the kind " + quoted + ", neither S nor V: " + kDropped +
+             " (write S or V)";
+      break;
+    case NoteVariantHeld:
+      text = "variant " + quoted + " lies outside 0 to 3: the text goes to variant " +
+             Number(ToPriority(detail.Text()) < 0 ? 0 : 3) + " (write a variant from 0 to 3)";
+      break;
+    case NotePriorityHeld:
+      text = "number " + quoted + " lies beyond the 32-bit range: it is held to " +
+             Number(ToPriority(detail.Text()));
+      break;
+    case NoteShortStringLine:
+      text = "clause string line has " + detail +
+             " of the seven strings: the rest is taken from the following lines (write all seven "
+             "on one line, \"\" for an empty one)";
+      break;
+    case NoteExtraStrings:
+      text = "clause string line has more than seven strings: the rest of the line, " +
+             detail.Copy(detail.AtFirstNotIn(" \t,")) + ", is skipped";
+      break;
+    case NoteNotClauseSeparator:
+      text = "line " + quoted +
+             " begins with \"~~~\" but is not exactly \"~~~\": it is read as the start of a "
+             "clause (write \"~~~\" alone)";
+      break;
+    case NoteSecondCompanion:
+      text =
+          "second companion marker \"~~\" in one clause: the companion ends here and the "
+          "lines after it are read as another clause";
+      break;
+    case NoteLabelLineAlone:
+      text =
+          "label line \"~\" alone: the next line is read as the label priority (write the "
+          "number after the \"~\", as in \"~500\")";
+      break;
+    case NoteSubstitutionSwallows:
+      text =
+          "substitution line ends with its delimiter: the next line is taken into it and lost "
+          "(write \"|NAME|VALUE|\")";
+      break;
+    case NoteSubstitutionUnclosed:
+      text = "substitution " + quoted +
+             " has no delimiter after its value: the value is empty (write \"|NAME|VALUE|\")";
+      break;
+    case NoteDataLine:
+    case NoteDataLineSkipped:
+    case NoteBareMarker:
+      DataLine(line, what, detail);
+      return;
+    case NoteNoStates:
+      text =
+          "head line has no variant states: the next line is read as the states (write them "
+          "after the name, as in ### \"NAME\", 1, 0)";
+      break;
+    case NoteStateEntry:
+      text = "variant state " + quoted + " is read as on: only \"0\" means off (write 0 or 1)";
+      break;
+    case NoteTooManyStates:
+      text = "more than four variant states: " + quoted + " and those after it are dropped";
+      break;
+    case NoteExtraDataLine:
+      text = "line " + quoted + " after the clause's two list lines is skipped";
+      break;
+    case NoteGluedEntry:
+      text = "entry " + quoted + " has blanks inside: they are removed and it is read as " +
+             Quoted(detail.Strip(" \t")) + " (separate entries with commas)";
+      break;
+    case NoteUnknownClause:
+      text = UnknownClause(detail);
+      break;
+    case NoteClauseTwice:
+      text = "clause " + quoted +
+             " again in this data set: these lines replace what was read for it above";
+      break;
+    case NoteSetHeaderAlone:
+      text = "data set header \"###~~~~\" has no name: " + quoted +
+             ", from the next line, is taken as the name";
+      break;
+    case NoteSetTwice:
+      text = "data set " + quoted + " again: what was read for it above is dropped";
+      break;
+    case NoteOtherWriter:
+      text = "the file was written with " + detail + ", but this is " + ProgramName + version +
+             AppVersion + ": check that the data is read as meant (ruleforge warning 1)";
+      break;
+    case NoteOtherTemplate:
+      text = "the file was made from the template titled " + quoted +
+             ", not from this one: check that the data is read as meant (ruleforge warning 2)";
+      break;
+  }
+  Findings.Add(line, text);
+}

@@ -1,0 +1,43 @@
+#ifndef RULEFORGE_CHECK_CHECKNOTES_H
+#define RULEFORGE_CHECK_CHECKNOTES_H
+
+#include <unordered_map>
+
+#include "check/findings.h"
+#include "parse/notes.h"
+#include "rules/clauslst.h"
+#include "text/str.h"
+
+// The receiver of the readers' notes for ruleforge-check: turns each note into
+// a finding that says what the reader did and what was probably meant, and
+// remembers the line each element of the template and data was read from, for
+// the checks that look at what was read. Refers to the findings and, once the
+// template is read, to its two rule lists; owns neither.
+class tCheckNotes : public tReadNotes {
+ public:
+  explicit tCheckNotes(tFindings& findings);
+
+  // The template's rule lists, to tell why a clause named in data is unknown.
+  void Rules(DListtClauseTemplate* mainRules, DListtClauseTemplate* labelRules);
+  // Starts a data file: its lines and elements are new.
+  void BeginData();
+  // The line an element was read from; 0 when it was not noted.
+  int LineOf(const void* element) const;
+
+  void Note(int line, tNote what, const String& detail) override;
+  void Placed(const void* element, int line) override;
+
+ private:
+  tFindings& Findings;
+  DListtClauseTemplate* MainRules;
+  DListtClauseTemplate* LabelRules;
+  std::unordered_map<const void*, int> Lines;
+  // Where the data input stands: before its first data line, in the
+  // parseable section, or below the section's end line.
+  enum { BeforeSection, InSection, BelowSection } Where;
+
+  void DataLine(int line, tNote what, const String& text);
+  String UnknownClause(const String& name);
+};
+
+#endif

@@ -1,0 +1,31 @@
+#include "check/findings.h"
+
+#include <algorithm>
+
+void tFindings::Begin(const char* shownName) {
+  Name = shownName;
+  Items.clear();
+}
+
+void tFindings::Add(int line, const String& text) {
+  Items.emplace_back(line, text.Text());
+  ++Total;
+}
+
+void tFindings::Print(FILE* out) {
+  std::stable_sort(Items.begin(), Items.end(),
+                   [](const std::pair<int, std::string>& a, const std::pair<int, std::string>& b) {
+                     return a.first < b.first;
+                   });
+  for (const auto& item : Items)
+    std::fprintf(out, "%s:%d: warning: %s\n", Name.c_str(), item.first, item.second.c_str());
+  Items.clear();
+}
+
+String Quoted(const String& text) { return String("\"") + text + "\""; }
+
+String Number(long n) {
+  String text;
+  text.Make(n);
+  return text;
+}

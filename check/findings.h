@@ -1,0 +1,35 @@
+#ifndef RULEFORGE_CHECK_FINDINGS_H
+#define RULEFORGE_CHECK_FINDINGS_H
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "text/str.h"
+
+// The findings of the file being checked, each a line number and a sentence,
+// printed in line order in the form compilers use: FILE:LINE: warning: TEXT.
+// Findings of one line keep the order in which they were found.
+class tFindings {
+ public:
+  tFindings() : Total(0) {}
+
+  // Starts the findings of a file, shown under shownName.
+  void Begin(const char* shownName);
+  void Add(int line, const String& text);
+  // Prints the current file's findings to out and forgets them.
+  void Print(FILE* out);
+  // Every finding added so far, of every file.
+  int Total;
+
+ private:
+  std::string Name;
+  std::vector<std::pair<int, std::string>> Items;
+};
+
+// text in double quotes, as findings quote what the input holds.
+String Quoted(const String& text);
+// n in decimal.
+String Number(long n);
+
+#endif

@@ -1,0 +1,78 @@
+#include "check/lookups.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "text/dlist.h"
+
+namespace {
+
+// Four decimal numbers from 0 to 255 joined by dots.
+int IsAddress(const char* text) {
+  for (int part = 0; part < 4; ++part) {
+    if (part > 0 && *text++ != '.') return 0;
+    int digits = static_cast<int>(std::strspn(text, "0123456789"));
+    if (digits < 1 || digits > 3 || std::atoi(text) > 255) return 0;
+    text += digits;
+  }
+  return *text == '\0';
+}
+
+// The entry as the resolver sees it: no blanks, each '*' a '0', and without
+// the ";bits" suffix. Empty for "*" alone, which never reaches the resolver.
+String AsLookedUp(const String& entry) {
+  String text = entry.Strip(" \t\n\r");
+  if (text == "*") return Empty;
+  for (int at = text.At('*'); at >= 0; at = text.At('*', at + 1)) text[at] = '0';
+  int suffix = text.At(';');
+  return suffix >= 0 ? text.Copy(0, suffix) : text;
+}
+
+void CheckEntries(const DListtString& entries, int line, tFindings& findings) {
+  for (const tString* entry : Walk<const tString>(entries)) {
+    String text = AsLookedUp(*entry);
+    if (text.Length() == 0 || text.AtFirstNotIn("0123456789./-") >= 0 ||
+        text.AtFirstIn("0123456789") < 0)
+      continue;
+    if (text.AtFirstNotIn("0123456789.") < 0) {
+      if (!IsAddress(text.Text()))
+        findings.Add(line, "entry " + Quoted(*entry) +
+                               " is taken as an address as it stands, but it is no valid address");
+    } else {
+      findings.Add(line, "entry " + Quoted(*entry) +
+                             " looks like an address or a network but goes to name lookup, which "
+                             "fails (write a network as address;bits, as in 10.0.0.0;8)");
+    }
+  }
+}
+
+// Which resolved places the value texts of the record's variants in effect use.
+void ResolvedPlaces(const tClauseData& record, int uses[2]) {
+  const tClauseTemplate& clause = *record.Template;
+  for (int i = 0; i < 4; ++i) {
+    int labelled = clause.VariantLabels[i].Length() > 0;
+    if (labelled ? record.VariantStates[i] == 0 : i != 0) continue;
+    for (const tPrioritizedString* text : Walk<const tPrioritizedString>(clause.ValueTexts[i])) {
+      uses[0] |= text->At("${0R}") >= 0;
+      uses[1] |= text->At("${1R}") >= 0;
+    }
+  }
+}
+
+void CheckRecord(const tClauseData& record, const tCheckNotes& notes, tFindings& findings) {
+  int uses[2] = {0, 0};
+  ResolvedPlaces(record, uses);
+  if (uses[0]) CheckEntries(record.Values0, notes.LineOf(&record.Values0), findings);
+  if (uses[1]) CheckEntries(record.Values1, notes.LineOf(&record.Values1), findings);
+}
+
+}  // namespace
+
+void CheckLookups(tFilterData& document, const tCheckNotes& notes, tFindings& findings) {
+  for (const DListtClauseData* set : Walk<const DListtClauseData>(document.DataSets)) {
+    for (const tClauseData* record : Walk<const tClauseData>(*set)) {
+      CheckRecord(*record, notes, findings);
+      if (record->Partner) CheckRecord(*record->Partner, notes, findings);
+    }
+  }
+}

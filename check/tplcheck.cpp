@@ -1,0 +1,131 @@
+#include "check/tplcheck.h"
+
+#include <cstring>
+#include <string>
+#include <unordered_map>
+
+#include "text/dlist.h"
+
+namespace {
+
+// The writer puts a state for each labelled variant and reads them back by
+// position, so the labelled variants must form one run from variant 0, or
+// from variant 1 (an empty first place stands for an unlabelled variant 0).
+int HasGap(const tClauseTemplate& clause) {
+  unsigned labelled = 0;
+  for (int i = 0; i < 4; ++i)
+    if (clause.VariantLabels[i].Length() > 0) labelled |= 1u << i;
+  unsigned run = labelled & 1 ? labelled : labelled >> 1;
+  return (run & (run + 1)) != 0;
+}
+
+String Labelled(const tClauseTemplate& clause) {
+  String list;
+  for (int i = 0; i < 4; ++i) {
+    if (clause.VariantLabels[i].Length() == 0) continue;
+    if (list.Length() > 0) list += ", ";
+    list += Number(i);
+  }
+  return list;
+}
+
+int BeginsALineWith(const String& text, const char* start) {
+  if (text.At(start, 0, static_cast<int>(std::strlen(start))) == 0) return 1;
+  return text.At(String("\n") + start) >= 0;
+}
+
+void CheckText(const tClauseTemplate& clause, const tPrioritizedString& text, int value, int main,
+               int line, tFindings& findings) {
+  if (BeginsALineWith(text, "###"))
+    findings.Add(line,
+                 "text line begins with \"###\": in the output it is read back as data on the "
+                 "next run (begin it otherwise)");
+  if (main && text.At("${L}") >= 0)
+    findings.Add(line,
+                 "text of a main rule uses ${L}, which only label rules fill: it stays in the "
+                 "filter as written");
+  if (!value) {
+    if (text.At("${0") >= 0 || text.At("${1") >= 0)
+      findings.Add(line,
+                   "single text (kind S) uses a value place, which only value texts (kind "
+                   "V) fill: it stays in the filter as written");
+    return;
+  }
+  const String* captions[] = {&clause.Value0Label, &clause.Value1Label};
+  const char* places[] = {"${0", "${1"};
+  for (int list = 0; list < 2; ++list) {
+    if (captions[list]->Length() > 0 || text.At(places[list]) < 0) continue;
+    findings.Add(line, String("text uses ") + places[list] + "} or " + places[list] +
+                           "R} but the clause has no caption for that list: without entries the "
+                           "place stays in the filter as written (give the list a caption)");
+  }
+}
+
+void CheckClause(const tClauseTemplate& clause, int main, const tCheckNotes& notes,
+                 tFindings& findings) {
+  int line = notes.LineOf(&clause);
+  if (HasGap(clause))
+    findings.Add(line, "labelled variants " + Labelled(clause) + " of " + Quoted(clause.Name) +
+                           " leave a gap: their states come back at the wrong position when the "
+                           "output is read again (label the variants without a gap)");
+  int texts = 0;
+  for (int variant = 0; variant < 4; ++variant) {
+    const DListtPrioritizedString* lists[] = {&clause.SingleTexts[variant],
+                                              &clause.ValueTexts[variant]};
+    for (int value = 0; value < 2; ++value) {
+      for (const tPrioritizedString* text : Walk<const tPrioritizedString>(*lists[value])) {
+        ++texts;
+        CheckText(clause, *text, value, main, notes.LineOf(text), findings);
+      }
+    }
+  }
+  if (texts == 0) findings.Add(line, Quoted(clause.Name) + " has no text: it produces nothing");
+}
+
+void CheckRules(DListtClauseTemplate& rules, int main, const tCheckNotes& notes,
+                tFindings& findings) {
+  std::unordered_map<std::string, int> first;
+  for (const tClauseTemplate* clause : Walk<const tClauseTemplate>(rules)) {
+    int line = notes.LineOf(clause);
+    auto seen = first.emplace(clause->Name.Text(), line);
+    if (!seen.second)
+      findings.Add(line, "clause " + Quoted(clause->Name) +
+                             " again in this section (first at line " + Number(seen.first->second) +
+                             "): data reaches only the first");
+    CheckClause(*clause, main, notes, findings);
+    if (clause->Partner) CheckClause(*clause->Partner, main, notes, findings);
+  }
+}
+
+void CheckSubstitutions(DListtString& names, DListtString& values, const tCheckNotes& notes,
+                        tFindings& findings) {
+  int pairs = names.Size() < values.Size() ? names.Size() : values.Size();
+  for (int i = 0; i < pairs; ++i) {
+    const tString* name = names[i];
+    int line = notes.LineOf(name);
+    if (name->Length() == 0) {
+      findings.Add(line, "substitution with an empty name: it replaces nothing");
+      continue;
+    }
+    if (values[i]->At(name->Text()) >= 0)
+      findings.Add(line, "substitution value contains its own name " + Quoted(*name) +
+                             ": the name stays in the output");
+    for (int j = 0; j < i; ++j) {
+      const tString* other = names[j];
+      if (other->Length() == 0 || *other == *name) continue;
+      if (other->At(name->Text()) >= 0 || name->At(other->Text()) >= 0)
+        findings.Add(line, "substitution name " + Quoted(*name) + " and " + Quoted(*other) +
+                               " (line " + Number(notes.LineOf(other)) +
+                               ") occur one inside the other: the order of the two decides what "
+                               "is replaced");
+    }
+  }
+}
+
+}  // namespace
+
+void CheckTemplate(tFilterData& document, const tCheckNotes& notes, tFindings& findings) {
+  CheckSubstitutions(document.SubstitutionNames, document.SubstitutionValues, notes, findings);
+  CheckRules(document.MainRules, 1, notes, findings);
+  CheckRules(document.LabelRules, 0, notes, findings);
+}
