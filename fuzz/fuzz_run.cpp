@@ -15,13 +15,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const uint8_t* nul = static_cast<const uint8_t*>(std::memchr(data, 0, size));
   size_t templateSize = nul ? static_cast<size_t>(nul - data) : size;
   size_t dataStart = nul ? templateSize + 1 : size;
-  TempFile templateFile(data, templateSize);
-  TempFile dataFile(data + dataStart, size - dataStart);
+  TempFile templateFile(Bytes(data, templateSize));
+  TempFile dataFile(Bytes(data + dataStart, size - dataStart));
 
-  tFilterData doc(templateFile.Path(), 0);
+  tFilterData doc(templateFile.Name(), 0);
   FUZZ_CHECK(error == 0 || error == 2);
   if (error == 0) {
-    doc.ReadData(dataFile.Path());
+    doc.ReadData(dataFile.Name());
     FUZZ_CHECK(error == 0 || error == 4 || error == 6);
   }
   if (error == 0 && OutputTextBound(doc) <= kMaxOutputTexts) {

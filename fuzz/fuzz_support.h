@@ -6,27 +6,17 @@
 #include <cstdio>
 #include <string>
 
+#include "tests/testutil.h"
+
 // What the fuzz targets share: the library reads templates and data by file
-// name, so each input goes through a private temporary file; output goes to a
-// null stream; and a failed property aborts, so that libFuzzer and the replay
-// driver both report it, whatever NDEBUG says.
+// name, so each input goes through a private temporary file (TempFile); output
+// goes to a null stream; and a failed property aborts, so that libFuzzer and
+// the replay driver both report it, whatever NDEBUG says.
 
-// A file made with mkstemp, removed again when this goes out of scope.
-class TempFile {
- public:
-  TempFile();
-  TempFile(const void* data, size_t size);
-  ~TempFile();
-  TempFile(const TempFile&) = delete;
-  TempFile& operator=(const TempFile&) = delete;
-
-  const char* Path() const { return path_; }
-  // The file's whole content.
-  std::string Contents() const;
-
- private:
-  char path_[64];
-};
+// The bytes as a string, for a TempFile.
+inline std::string Bytes(const uint8_t* data, size_t size) {
+  return std::string(reinterpret_cast<const char*>(data), size);
+}
 
 // /dev/null, opened once and kept for the life of the process.
 FILE* NullOutput();

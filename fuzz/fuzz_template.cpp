@@ -14,54 +14,41 @@ namespace {
 
 int Holds(const String& s, const char* what) { return s.At(what) >= 0; }
 
+// Whether a text of the list holds what.
+bool AnyHolds(const DList& list, const char* what) {
+  for (const tString* text : Walk<const tString>(list))
+    if (Holds(*text, what)) return true;
+  return false;
+}
+
 // The dump quotes strings with '"', delimits substitutions with '|' and ends
 // lines with "\n"; a '\r' may be taken for a line end when read back; an empty
 // title line would be skipped.
 bool StringsSafe(const tClauseTemplate& t) {
-  const String* strings[] = {&t.Name,
-                             &t.VariantLabels[0],
-                             &t.VariantLabels[1],
-                             &t.VariantLabels[2],
-                             &t.VariantLabels[3],
-                             &t.Value0Label,
-                             &t.Value1Label};
-  for (const String* s : strings) {
+  for (const String* s : {&t.Name, &t.VariantLabels[0], &t.VariantLabels[1], &t.VariantLabels[2],
+                          &t.VariantLabels[3], &t.Value0Label, &t.Value1Label})
     if (Holds(*s, "\"") || Holds(*s, "\r")) return false;
-  }
-  for (int v = 0; v < 4; ++v) {
-    DListtPrioritizedString* lists[] = {const_cast<DListtPrioritizedString*>(&t.SingleTexts[v]),
-                                        const_cast<DListtPrioritizedString*>(&t.ValueTexts[v])};
-    for (DListtPrioritizedString* list : lists) {
-      for (int i = 0; i < list->Size(); ++i) {
-        if (Holds(*static_cast<tPrioritizedString*>((*list)[i]), "\r")) return false;
-      }
-    }
-  }
+  for (int v = 0; v < 4; ++v)
+    if (AnyHolds(t.SingleTexts[v], "\r") || AnyHolds(t.ValueTexts[v], "\r")) return false;
   return true;
 }
 
 // A list whose last template has an empty name loses that template when read
 // back (only one such template is dropped on reading, so a list may still end
 // with one).
-bool RulesSafe(DListtClauseTemplate& rules) {
-  int size = rules.Size();
-  if (size > 0 && static_cast<tClauseTemplate*>(rules[size - 1])->Name.Length() == 0) return false;
-  for (int i = 0; i < rules.Size(); ++i) {
-    tClauseTemplate* t = static_cast<tClauseTemplate*>(rules[i]);
-    if (!StringsSafe(*t)) return false;
-    if (t->Partner && !StringsSafe(*t->Partner)) return false;
+bool RulesSafe(const DListtClauseTemplate& rules) {
+  const tClauseTemplate* last = nullptr;
+  for (const tClauseTemplate* t : Walk<const tClauseTemplate>(rules)) {
+    if (!StringsSafe(*t) || (t->Partner && !StringsSafe(*t->Partner))) return false;
+    last = t;
   }
-  return true;
+  return !last || last->Name.Length() > 0;
 }
 
-bool DumpReadsBackSame(tFilterData& doc) {
+bool DumpReadsBackSame(const tFilterData& doc) {
   if (doc.TemplateTitle.Length() == 0 || Holds(doc.TemplateTitle, "\r")) return false;
-  DListtString* lists[] = {&doc.SubstitutionNames, &doc.SubstitutionValues};
-  for (DListtString* list : lists) {
-    for (int i = 0; i < list->Size(); ++i) {
-      if (Holds(*(*list)[i], "|") || Holds(*(*list)[i], "\r")) return false;
-    }
-  }
+  for (const DListtString* list : {&doc.SubstitutionNames, &doc.SubstitutionValues})
+    if (AnyHolds(*list, "|") || AnyHolds(*list, "\r")) return false;
   return RulesSafe(doc.MainRules) && RulesSafe(doc.LabelRules);
 }
 
@@ -69,30 +56,30 @@ bool DumpReadsBackSame(tFilterData& doc) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ResetRun();
-  TempFile input(data, size);
-  tFilterData first(input.Path(), 0);
+  TempFile input(Bytes(data, size));
+  tFilterData first(input.Name(), 0);
   if (error != 0) {
     FUZZ_CHECK(error == 2);
     return 0;
   }
   TempFile firstDump;
-  first.WriteTemplate(firstDump.Path());
+  first.WriteTemplate(firstDump.Name());
   FUZZ_CHECK(error == 0);
 
-  tFilterData second(firstDump.Path(), 0);
+  tFilterData second(firstDump.Name(), 0);
   FUZZ_CHECK(error == 0);
   TempFile secondDump;
-  second.WriteTemplate(secondDump.Path());
-  std::string one = firstDump.Contents();
-  std::string two = secondDump.Contents();
+  second.WriteTemplate(secondDump.Name());
+  std::string one = Slurp(firstDump.Name());
+  std::string two = Slurp(secondDump.Name());
   if (DumpReadsBackSame(first)) FUZZ_CHECK(one == two);
 
-  tFilterData third(secondDump.Path(), 0);
+  tFilterData third(secondDump.Name(), 0);
   FUZZ_CHECK(error == 0);
   if (DumpReadsBackSame(second)) {
     TempFile thirdDump;
-    third.WriteTemplate(thirdDump.Path());
-    FUZZ_CHECK(thirdDump.Contents() == two);
+    third.WriteTemplate(thirdDump.Name());
+    FUZZ_CHECK(Slurp(thirdDump.Name()) == two);
   }
   return 0;
 }

@@ -5,6 +5,8 @@ foreach(target fuzz_template fuzz_data fuzz_run)
   add_executable(replay_${target} ${CMAKE_CURRENT_LIST_DIR}/${target}.cpp
                  ${CMAKE_CURRENT_LIST_DIR}/fuzz_support.cpp ${CMAKE_CURRENT_LIST_DIR}/replay_main.cpp)
   target_link_libraries(replay_${target} PRIVATE ruleforge_core)
+  target_compile_definitions(replay_${target} PRIVATE
+                             RULEFORGE_FUZZ_TEMPLATE="${CMAKE_CURRENT_LIST_DIR}/rich.tpl")
   file(GLOB inputs CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/corpus/${target}/*)
   add_test(NAME fuzz_replay.${target} COMMAND replay_${target} ${inputs})
   set_tests_properties(fuzz_replay.${target} PROPERTIES LABELS fuzz_replay)

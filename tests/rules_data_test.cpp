@@ -33,24 +33,6 @@ std::string Output(tFilterData& document, tProgress& progress, int* result) {
   });
 }
 
-TEST(DataSets, ExampleSectionReadsIntoItsRecordsAndWritesBackUnchanged) {
-  error = 0;
-  tFilterData document(TestData("example-rules.tpl").c_str(), 0);
-  ASSERT_EQ(document.ReadData(TestData("example-rules.flt").c_str()), 0);
-  ASSERT_EQ(document.DataSets.Size(), 2);
-  DListtClauseData* main = static_cast<DListtClauseData*>(document.DataSets[0]);
-  tClauseData* telnet = static_cast<tClauseData*>((*main)[1]);
-  EXPECT_STREQ(telnet->Values1.ToString(", ", 0).Text(), "outside");
-  ASSERT_NE(telnet->Partner, nullptr);
-  EXPECT_EQ(telnet->Partner->VariantStates[0], 0);
-  EXPECT_STREQ(telnet->Partner->Values0.ToString(", ", 0).Text(), "backup");
-  tProgress silent;
-  int result = 0;
-  EXPECT_EQ(Output(document, silent, &result), Slurp(TestData("example-rules.flt")) + kEnd);
-  EXPECT_EQ(result, 0);
-  EXPECT_EQ(error, 0);
-}
-
 // A stopped output keeps the section and ends with the last text written.
 TEST(DataSets, ProgressPercentagesAndStop) {
   const std::string expanding = "(Main) : A@0 (Main) : B@22 (Main) : C@45 (Main) : D@67 ";
@@ -70,7 +52,7 @@ TEST(DataSets, ProgressPercentagesAndStop) {
     error = 0;
     tFilterData document(TestData("four-clauses.tpl").c_str(), 0);
     DListtClauseData* main = static_cast<DListtClauseData*>(document.DataSets[0]);
-    for (main->GotoHead(); main->Current(); main->Next()) main->Current()->VariantStates[0] = 1;
+    for (tClauseData* record : Walk<tClauseData>(*main)) record->VariantStates[0] = 1;
     tRecordingProgress progress(c.stopFrom);
     int result = 0;
     std::string out = Output(document, progress, &result);

@@ -50,18 +50,4 @@ TEST(Substitutions, AgreeWithEveryPairAppliedInTurn) {
   EXPECT_GT(changed, 10000);
 }
 
-// An empty name stands for nothing: it never matches, not even the empty text
-// between two characters, and the pairs around it apply as usual.
-TEST(Substitutions, AnEmptyNameChangesNothing) {
-  DListtString names, values;
-  for (const char* name : {"", "a", ""}) names.ToTail(new tString(String(name)));
-  for (const char* value : {"X", "b", "Y"}) values.ToTail(new tString(String(value)));
-  tSubstitutions substitutions(names, values);
-  for (auto c : {std::make_pair("", ""), {"a", "b"}, {"xay", "xby"}, {"xy", "xy"}}) {
-    String text(c.first);
-    substitutions.Apply(text);
-    EXPECT_STREQ(text.Text(), c.second);
-  }
-}
-
 }  // namespace

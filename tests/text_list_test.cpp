@@ -226,31 +226,6 @@ TEST(ListIndexAndWalk, AgreeWithAModelAndLeaveTheCursor) {
   EXPECT_EQ(list[list.Size()], nullptr);
 }
 
-// Entries as ToString("|", 1) joins them: a list of one empty entry gives "|".
-TEST(StringList, FromStringAndToString) {
-  const char *V = ",\n", *S = " \r\n\t,";  // a value line's separators and strip set
-  struct Case {
-    const char *text, *separators, *strip;
-    int skip;
-    const char* expected;
-  } cases[] = {
-      {"a, b,c", V, S, 0, "a|b|c|"}, {"a b,c", V, S, 0, "ab|c|"},    {"a,,b", V, S, 0, "a||b|"},
-      {"a,", V, S, 0, "a|"},         {"   ", V, S, 0, "|"},          {"", V, S, 0, ""},
-      {"a\nb\r\n", V, S, 0, "a|b|"}, {",,a,b", ",", ",", 1, "a|b|"}, {",,,", ",", ",", 1, ""},
-      {"a,b", ",", "", 0, "a,|b|"},  {"a,b", "", "", 0, "a,b|"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text);
-    DListtString list;
-    list.FromString(c.text, c.separators, c.strip, c.skip);
-    EXPECT_STREQ(list.ToString("|", 1).Text(), c.expected);
-  }
-  DListtString list;
-  list.FromString("a,b,c", ",", ",", 0);
-  EXPECT_STREQ(list.ToString(", ", 0).Text(), "a, b, c");
-  EXPECT_EQ(list.Current(), nullptr);
-}
-
 // ToSorted as the step-by-step cursor walk defines it: the reference that the
 // indexed insertion must match in order, cursor and PastEnd.
 void WalkSorted(DListtPrioritizedString& list, tPrioritizedString* p) {
