@@ -21,7 +21,8 @@ extern const String SectionSeparator;
 int AtSectionSeparator(tParseableFile& file);
 
 // The clause templates of one section of a template file, in file order. Holds
-// main templates only (companions hang off them) and owns them.
+// main templates only and owns them: clearing or destroying the list deletes
+// each, and each its companion.
 class DListtClauseTemplate : public DList {
  public:
   tClauseTemplate* Current() const;
@@ -32,7 +33,8 @@ class DListtClauseTemplate : public DList {
 
 // One data set: a clause record for every clause template of its section that
 // is not fixed, in template order. Itself an element of the list of data sets.
-// Owns its records; the template list is not owned.
+// Owns its records: clearing or destroying the set deletes each first record,
+// and each first record its companion record. The template list is not owned.
 class DListtClauseData : public DList, public tObject {
  public:
   DListtClauseData();
