@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <vector>
 
 #include "app/common.h"
@@ -19,6 +20,7 @@
 // when nothing was found, 1 when something was, 2 when a file could not be
 // read as a template or data file. With -s it prints a starting data file.
 int main(int argc, char** argv) {
+  std::set_new_handler(OutOfMemory);
   String templateName;
   int resolve = 1;
   int starter = 0;
