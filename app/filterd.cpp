@@ -29,6 +29,12 @@ void SkipToLabelLine(tFilterTemplateFile& file) {
   }
 }
 
+// A failed read ends the input early, so what was read is incomplete and the
+// run stops rather than generate from it.
+void ReadError(const char* fileName) {
+  Error(11, String("Error reading from '") + fileName + "'.");
+}
+
 // Pairs up to the shorter list: a name without a value is not written.
 void WriteSubstitutions(FILE* out, const DListtString& names, const DListtString& values) {
   std::fputs("~~~~Substitutions\n", out);
@@ -63,8 +69,12 @@ int tFilterData::ReadTemplate(const char* fileName) {
     return -1;
   }
   if (file.GetLine() != TemplateFileBanner) {
-    Error(2, String("'") + fileName + "' is not a valid filter template file.");
     file.Close();
+    if (file.ReadFailed) {
+      ReadError(fileName);
+      return -11;
+    }
+    Error(2, String("'") + fileName + "' is not a valid filter template file.");
     return -2;
   }
   TemplateTitle = file.GetLine();
@@ -95,6 +105,10 @@ int tFilterData::ReadTemplate(const char* fileName) {
   }
   New();
   file.Close();
+  if (file.ReadFailed) {
+    ReadError(fileName);
+    return -11;
+  }
   return 0;
 }
 
@@ -169,13 +183,18 @@ int tFilterData::ReadData(const char* fileName) {
     Error(4, String("'") + name + "' does not contain parseable filter data.");
     return -4;
   }
+  if (result == -3) {
+    ReadError(name.Text());
+    return -11;
+  }
   Error(5, String("Unknown error loading '") + name + "'.");
   return -5;
 }
 
-int tFilterData::WriteData(const char* fileName) {
+int tFilterData::WriteData(const char* fileName, int keepUnchanged) {
   if (ResolveNames) Resolver = new tDNSResolver;
-  DataSets.Write(fileName, TemplateTitle.Text(), FirstLabel, SubstitutionNames, SubstitutionValues);
+  DataSets.Write(fileName, TemplateTitle.Text(), FirstLabel, SubstitutionNames, SubstitutionValues,
+                 keepUnchanged);
   if (Resolver) {
     delete Resolver;
     Resolver = nullptr;

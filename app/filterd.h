@@ -29,7 +29,8 @@ class tFilterData : public tObject {
   int ReadTemplate(const char* fileName);
   int WriteTemplate(const char* fileName) const;
   int ReadData(const char* fileName);
-  int WriteData(const char* fileName);
+  // keepUnchanged: see DListOfDListtClauseData::Write.
+  int WriteData(const char* fileName, int keepUnchanged = 0);
   int New();
 
  private:

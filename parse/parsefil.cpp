@@ -1,5 +1,6 @@
 #include "parse/parsefil.h"
 
+#include <cerrno>
 #include <cstring>
 
 namespace {
@@ -11,6 +12,7 @@ const char kQuotes[] = "\"'`";
 
 tParseableFile::tParseableFile(const char* name)
     : IsOpen(0),
+      ReadFailed(0),
       LineNumber(0),
       TakenFrom(0),
       Notes(nullptr),
@@ -29,6 +31,7 @@ int tParseableFile::Open(const char* name) {
   if (IsOpen) Close();
   Stream = name ? std::fopen(name, "r") : stdin;
   IsOpen = Stream ? 1 : 0;
+  ReadFailed = 0;
   CurrentLine = Empty;
   Pos = 0;
   LineNumber = 0;
@@ -46,7 +49,8 @@ int tParseableFile::Close() {
   return std::fclose(stream) == 0 ? 1 : 0;
 }
 
-// A read error ends the input like the end of the file does.
+// A read error ends the input like the end of the file does; Next() records it
+// in ReadFailed.
 int tParseableFile::AtStreamEnd() const {
   return !IsOpen || std::feof(Stream) || std::ferror(Stream);
 }
@@ -73,6 +77,9 @@ void tParseableFile::Next() {
     if (CurrentLine.fgets(Stream) || CurrentLine.Length() > 0) ++LineNumber;
     if (CurrentLine.Length() > 0 || AtStreamEnd()) break;
   }
+  // A descriptor that is not open (a closed standard input) and a directory
+  // hold no lines: they read as an empty input, not as a failed one.
+  if (std::ferror(Stream) && errno != EBADF && errno != EISDIR) ReadFailed = 1;
   Refresh();
 }
 

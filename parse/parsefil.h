@@ -28,6 +28,9 @@ class tParseableFile {
   virtual String GetLine();
 
   int IsOpen;
+  // 1 once a read of the stream failed; the input ends there as at the end of
+  // the file, and the callers report the failure instead of using what was read.
+  int ReadFailed;
   // The physical line (from 1) that the current line was read from, counting
   // every line of the file, also those the format skips; 0 before the first.
   int LineNumber;

@@ -182,7 +182,7 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
   String program, fileVersion;
   if (!ReadBanner(in.GetLine(), program, fileVersion)) {
     in.Close();
-    return -2;
+    return in.ReadFailed ? -3 : -2;
   }
   if ((fileVersion != AppVersion || program != ProgramName) && notes) {
     in.Note(in.TakenFrom, NoteOtherWriter, program + version + fileVersion);
@@ -195,7 +195,7 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
   String title = in.GetLine();
   if (title.CutHead(DataFileTemplateHeader.Length()) != DataFileTemplateHeader) {
     in.Close();
-    return -2;
+    return in.ReadFailed ? -3 : -2;
   }
   if (title != templateTitle && notes) {
     in.Note(in.TakenFrom, NoteOtherTemplate, title);
@@ -235,5 +235,5 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
     if (result < 0) break;
   }
   in.Close();
-  return result;
+  return in.ReadFailed ? -3 : result;
 }

@@ -68,12 +68,17 @@ class DListOfDListtClauseData : public DList {
 
   int New(DListtClauseTemplate* mainTemplates);
   DListtClauseData* Current() const;
-  // With notes, the conditions otherwise reported as warnings 1 and 2 and
-  // error 6 are noted instead, and the reading goes on as it always does.
+  // 0 when read; -1 when the input cannot be opened, -2 when it holds no
+  // parseable section, -3 when a read of it failed. With notes, the conditions
+  // otherwise reported as warnings 1 and 2 and error 6 are noted instead, and
+  // the reading goes on as it always does.
   int Read(const char* fileName, const char* templateTitle, DListtClauseTemplate& mainTemplates,
            DListtClauseTemplate& labelTemplates, tReadNotes* notes = nullptr);
+  // Writes to standard output when fileName is null, else saves to that file
+  // through a temporary file and a backup. With keepUnchanged, a file that
+  // already holds the new output is left as it is, backup included.
   int Write(const char* fileName, const char* title, int firstLabel, DListtString& names,
-            DListtString& values);
+            DListtString& values, int keepUnchanged = 0);
   // Writes the whole output to out; shownName is the name used in messages.
   int WriteTo(FILE* out, const char* shownName, const char* title, int firstLabel,
               DListtString& names, DListtString& values, tProgress& progress);

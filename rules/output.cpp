@@ -28,6 +28,14 @@ void Splice(DListtPrioritizedString& block, DListtPrioritizedString& output, int
   }
 }
 
+// Output that fits in the stdio buffer only fails when it is flushed, so the
+// flush counts as part of the writing, also when the filter text is empty and
+// the buffer holds only the parseable section.
+int Flush(FILE* out, const char* shownName) {
+  if (std::fflush(out) != 0 || std::ferror(out)) return WriteFailed(shownName);
+  return 0;
+}
+
 }  // namespace
 
 void DListOfDListtClauseData::WriteSection(FILE* out, const char* title) {
@@ -50,7 +58,7 @@ int DListOfDListtClauseData::WriteTo(FILE* out, const char* shownName, const cha
   // Without any data set there is nothing to expand: the section alone is the
   // whole output.
   int count = Size();
-  if (count == 0) return 0;
+  if (count == 0) return Flush(out, shownName);
 
   DListtPrioritizedString output;
   int result =
@@ -70,7 +78,6 @@ int DListOfDListtClauseData::WriteTo(FILE* out, const char* shownName, const cha
   tSubstitutions substitutions(names, values);
   long long total = output.Size();
   long long n = 0;
-  int wroteText = 0;
   for (output.GotoHead(); output.Current(); output.Next(), ++n) {
     result = progress.Report("Writing to File...", Percent(90, 10, n, total));
     if (result < 0) return result;
@@ -78,11 +85,7 @@ int DListOfDListtClauseData::WriteTo(FILE* out, const char* shownName, const cha
     substitutions.Apply(*text);
     size_t length = text->Length();
     if (length == 0) continue;
-    wroteText = 1;
     if (std::fwrite(text->Text(), 1, length, out) < length) return WriteFailed(shownName);
   }
-  // Output that fits in the stdio buffer only fails when it is flushed, so the
-  // flush counts as part of writing the last text.
-  if (wroteText && (std::fflush(out) != 0 || std::ferror(out))) return WriteFailed(shownName);
-  return 0;
+  return Flush(out, shownName);
 }

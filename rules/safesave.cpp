@@ -1,32 +1,18 @@
 #include "rules/clauslst.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "app/common.h"
+#include "rules/savename.h"
 #include "rules/writeerr.h"
 
 namespace {
-
-// The file name up to and including its last slash or backslash.
-String DirectoryPart(const String& fileName) {
-  int slash = fileName.AtLast('/');
-  int backslash = fileName.AtLast('\\');
-  int last = slash > backslash ? slash : backslash;
-  return fileName.Copy(0, last + 1);
-}
-
-// out.flt gives out.bak, a.b.c gives a.b.bak; a dot in a directory name is not
-// an extension, so dir.d/out gives dir.d/out.bak.
-String BackupName(const String& fileName) {
-  String name = fileName;
-  int dot = name.AtLast('.');
-  if (dot > name.AtLast('/') && dot > name.AtLast('\\')) name = name.Copy(0, dot);
-  name += ".bak";
-  return name;
-}
 
 // Opens the first free temporary name in the target's directory. Names that
 // already exist are passed over rather than overwritten: such a file may hold
@@ -41,6 +27,46 @@ FILE* OpenTemporary(const String& directory, String& temporaryName) {
   return nullptr;
 }
 
+// Gives the temporary file the permission bits, owner and group of the file it
+// replaces, so that the new version is open to the same users as the old one.
+void KeepAttributes(FILE* file, const char* fileName) {
+  struct stat old;
+  if (stat(fileName, &old) != 0) return;
+  int fd = fileno(file);
+  // Only a privileged process may give a file away; any other keeps at least
+  // the group where it belongs to it, and otherwise its own.
+  int kept = fchown(fd, old.st_uid, old.st_gid) == 0 ||
+             fchown(fd, static_cast<uid_t>(-1), old.st_gid) == 0;
+  (void)kept;
+  fchmod(fd, old.st_mode & 07777);
+}
+
+// 1 when the two files can be read and hold the same bytes.
+int SameBytes(const char* first, const char* second) {
+  FILE* a = std::fopen(first, "rb");
+  FILE* b = a ? std::fopen(second, "rb") : nullptr;
+  int same = b != nullptr;
+  while (same) {
+    char bufferA[8192], bufferB[8192];
+    size_t n = std::fread(bufferA, 1, sizeof bufferA, a);
+    same = std::fread(bufferB, 1, sizeof bufferB, b) == n && !std::ferror(a) && !std::ferror(b) &&
+           std::memcmp(bufferA, bufferB, n) == 0;
+    if (n < sizeof bufferA) break;
+  }
+  if (b) std::fclose(b);
+  if (a) std::fclose(a);
+  return same;
+}
+
+// Renames are entries of the directory, which reaches the disk on its own.
+void SyncDirectory(const String& directory) {
+  int fd =
+      open(directory.Length() > 0 ? directory.Text() : ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  fsync(fd);
+  close(fd);
+}
+
 // Flushes the temporary file to the disk, so that a crash right after the
 // renames cannot leave an empty or partial file under the target's name.
 int Commit(FILE* file) {
@@ -51,7 +77,7 @@ int Commit(FILE* file) {
 }  // namespace
 
 int DListOfDListtClauseData::Write(const char* fileName, const char* title, int firstLabel,
-                                   DListtString& names, DListtString& values) {
+                                   DListtString& names, DListtString& values, int keepUnchanged) {
   tProgress progress;
   if (!fileName) {
     progress.Caption("Writing to stdout");
@@ -59,19 +85,25 @@ int DListOfDListtClauseData::Write(const char* fileName, const char* title, int 
   }
 
   String target(fileName);
+  String directory = DirectoryPart(target);
   String temporaryName;
-  FILE* file = OpenTemporary(DirectoryPart(target), temporaryName);
+  FILE* file = OpenTemporary(directory, temporaryName);
   if (!file) {
     Error(7, String("Could not open temporary file '") + target + "' for writing!");
     return -1;
   }
   progress.Caption((String("Saving to ") + target).Text());
   int result = WriteTo(file, fileName, title, firstLabel, names, values, progress);
+  KeepAttributes(file, fileName);
   if (!Commit(file) && result >= 0) result = WriteFailed(fileName);
   if (result < 0) {
     std::remove(temporaryName.Text());
     Warning(3, "Save Not Completed!");
     return result;
+  }
+  if (keepUnchanged && SameBytes(temporaryName.Text(), fileName)) {
+    std::remove(temporaryName.Text());
+    return 0;
   }
 
   String backup = BackupName(target);
@@ -85,7 +117,8 @@ int DListOfDListtClauseData::Write(const char* fileName, const char* title, int 
   if (std::rename(temporaryName.Text(), fileName) != 0) {
     Error(10, String("Error renaming '") + temporaryName + "' to '" + target +
                   "'. New filter is in '" + temporaryName + "'!");
-    return -1;
+    result = -1;
   }
-  return 0;
+  SyncDirectory(directory);
+  return result < 0 ? -1 : 0;
 }

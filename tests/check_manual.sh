@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
 # Keeps a manual page in step with its program: groff renders it without a
 # warning; OPTIONS and SYNOPSIS name every option app/PROGRAM.cpp accepts and
-# OPTIONS no other. For ruleforge, DIAGNOSTICS holds every message code of app/
-# (but the other programs' entry points), rules/ and resolve/ with each literal
-# piece of its text, and no code the program lacks, and FILES names every file
-# the program uses; for another program, DIAGNOSTICS holds the messages of its
-# entry point.
-# Usage: check_manual.sh <source dir> [program, ruleforge when absent]. Exit
-# status 77 (skipped) without groff.
+# OPTIONS no other. For a program that runs the library's stages (ruleforge,
+# and another given with the word library), DIAGNOSTICS holds every message
+# code of its entry point, the rest of app/ (but the other programs' entry
+# points), rules/, resolve/ and its own folder (update/ for ruleforge-update)
+# with each literal piece of its text, and no code the program lacks, and FILES
+# names every file the program uses; for another program, DIAGNOSTICS holds the
+# messages of its entry point.
+# Usage: check_manual.sh <source dir> [program, ruleforge when absent [library]].
+# Exit status 77 (skipped) without groff.
 set -u
 src=$1
 program=${2:-ruleforge}
@@ -34,11 +36,14 @@ done
 
 # Every Error(n, ...) and Warning(n, ...) call with its literal pieces, from the
 # sources with comments removed and adjacent literals joined.
+library=0
+[ "$program" = ruleforge ] || [ "${3:-}" = library ] && library=1
 sources=("$src/app/$program.cpp")
-if [ "$program" = ruleforge ]; then
-  sources=()
+if [ $library = 1 ]; then
+  own=$src/${program#ruleforge-}
+  [ "$program" != ruleforge ] && [ -d "$own" ] && sources+=("$own"/*.cpp)
   for file in "$src"/app/*.cpp "$src"/rules/*.cpp "$src"/resolve/*.cpp; do
-    [[ $file == "$src"/app/ruleforge-*.cpp ]] || sources+=("$file")
+    [[ $file == "$src"/app/ruleforge*.cpp ]] || sources+=("$file")
   done
 fi
 calls=$(for file in "${sources[@]}"; do
@@ -59,13 +64,13 @@ while IFS= read -r call; do
     grep -qF -- "$piece" <<<"$diagnostics" || complain "DIAGNOSTICS lacks the text '$piece' of $label"
   done < <(grep -oE '"[^"]+"' <<<"${call#*,}")
 done <<<"$calls"
-[ "$program" = ruleforge ] || exit $fail
+[ $library = 1 ] || exit $fail
 for label in $(grep -oE '(ERROR|Warning)\([0-9]+\):' <<<"$diagnostics" | sort -u); do
   grep -qxF -- "$label" <<<"$labels" || complain "DIAGNOSTICS documents $label, which the program lacks"
 done
 
 for name in mkrule.tpl /tmp/template.dmp; do
-  grep -qF "\"$name\"" "$src"/app/*.cpp || complain "the program no longer uses $name"
+  grep -qF "\"$name\"" "${sources[@]}" || continue
   section FILES | grep -qF -- "$name" || complain "FILES lacks $name"
 done
 exit $fail

@@ -9,8 +9,15 @@
 # and expected files too large to check in), no-memcheck (not run under
 # valgrind), no-sanitize (not run in a sanitizer build), no-dump (no
 # /tmp/template.dmp may be written), roundtrip (the output fed back in must
-# reproduce itself), program (the program to run, ruleforge when absent). RULEFORGE_WRAPPER, when set, is put in front of the
-# program (e.g. valgrind). Each run is killed after RULEFORGE_CASE_TIMEOUT
+# reproduce itself), program (the program to run, ruleforge when absent),
+# after (an executable run in the work folder after the run that checks the
+# files left there; it fails the case by exiting non-zero), needs (shell
+# commands, one a line, that must succeed for the case to run, e.g. a tool or
+# the right to mount: when one fails the case is skipped with exit status 77),
+# faults (the value of RULEFORGE_FAULTS for the fault shim ruleforge_faults.so,
+# which the run then preloads; see tests/fault_shim.cpp). In args, @WORK@
+# stands for the work folder's absolute path. RULEFORGE_WRAPPER, when set, is
+# put in front of the program (e.g. valgrind). Each run is killed after RULEFORGE_CASE_TIMEOUT
 # seconds (default 120), so a hang fails its case and leaves nothing running.
 # A case that runs with -d, or checks the dump, holds an exclusive lock on
 # /tmp/template.dmp.lock for the whole case, so that test runs of other build
@@ -18,14 +25,26 @@
 # Usage: run_case.sh <dir of the programs> <case dir>
 set -u
 bindir=$1 case=$2
-work=$(mktemp -d)
+work=$(realpath "$(mktemp -d)")
 trap 'rm -rf "$work"' EXIT
 cp -r "$case"/. "$work"/
 cd "$work" || exit 2
 export PATH="$bindir:$PATH"
 
+if [ -f needs ]; then
+  while IFS= read -r need; do
+    bash -c "$need" >/dev/null 2>&1 || { echo "--- skipped: this machine fails \"$need\""; exit 77; }
+  done <needs
+fi
+preload=()
+if [ -f faults ]; then
+  # The sanitizers' runtime wants to be the first library; the shim goes first.
+  preload=(env LD_PRELOAD="$bindir/ruleforge_faults.so" RULEFORGE_FAULTS="$(cat faults)"
+           ASAN_OPTIONS="${ASAN_OPTIONS:+$ASAN_OPTIONS:}verify_asan_link_order=0")
+fi
 args=()
 [ -f args ] && mapfile -t args < args
+args=("${args[@]//@WORK@/$work}")
 program=ruleforge
 [ -f program ] && program=$(cat program)
 limit=${RULEFORGE_CASE_TIMEOUT:-120}
@@ -38,11 +57,11 @@ fi
 run() {  # run <stdin file> <stdout file>
   local in=$1 out=$2
   if [ -f closed-stdin ]; then
-    timeout -k 5 "$limit" ${RULEFORGE_WRAPPER:-} "$program" "${args[@]}" <&- >"$out" 2>actual.stderr
+    timeout -k 5 "$limit" "${preload[@]}" ${RULEFORGE_WRAPPER:-} "$program" "${args[@]}" <&- >"$out" 2>actual.stderr
   elif [ -f closed-stdout ]; then
-    timeout -k 5 "$limit" ${RULEFORGE_WRAPPER:-} "$program" "${args[@]}" <"$in" >&- 2>actual.stderr
+    timeout -k 5 "$limit" "${preload[@]}" ${RULEFORGE_WRAPPER:-} "$program" "${args[@]}" <"$in" >&- 2>actual.stderr
   else
-    timeout -k 5 "$limit" ${RULEFORGE_WRAPPER:-} "$program" "${args[@]}" <"$in" >"$out" 2>actual.stderr
+    timeout -k 5 "$limit" "${preload[@]}" ${RULEFORGE_WRAPPER:-} "$program" "${args[@]}" <"$in" >"$out" 2>actual.stderr
   fi
   local status=$?
   echo $status >actual.status
@@ -72,6 +91,7 @@ if [ -f dump ]; then
   if [ -f /tmp/template.dmp ]; then check dump /tmp/template.dmp; else echo "--- no dump written"; fail=1; fi
 fi
 if [ -f no-dump ] && [ -e /tmp/template.dmp ]; then echo "--- a dump was written"; fail=1; fi
+if [ -x after ] && ! ./after; then echo "--- the files after the run differ (after failed)"; fail=1; fi
 if [ -f roundtrip ]; then
   run stdout again.stdout
   check stdout again.stdout
