@@ -93,8 +93,10 @@ int DListOfDListtClauseData::Write(const char* fileName, const char* title, int 
     return -1;
   }
   progress.Caption((String("Saving to ") + target).Text());
-  int result = WriteTo(file, fileName, title, firstLabel, names, values, progress);
+  // Before any byte is written, so the new output is never open to more users
+  // than the old one.
   KeepAttributes(file, fileName);
+  int result = WriteTo(file, fileName, title, firstLabel, names, values, progress);
   if (!Commit(file) && result >= 0) result = WriteFailed(fileName);
   if (result < 0) {
     std::remove(temporaryName.Text());
