@@ -1,4 +1,5 @@
 #include <cstring>
+#include <new>
 
 #include "app/common.h"
 #include "app/filterd.h"
@@ -9,6 +10,7 @@
 // Regenerates a filter file in place: reads it as the data and saves the new
 // output over it through a temporary file, keeping the old version as backup.
 int main(int argc, char** argv) {
+  std::set_new_handler(OutOfMemory);
   String templateName;
   const char* fileName = nullptr;
   int resolve = 1;
