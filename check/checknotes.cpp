@@ -2,7 +2,9 @@
 
 #include <strings.h>
 
+#include <algorithm>
 #include <cstring>
+#include <functional>
 
 #include "app/common.h"
 #include "rules/numbers.h"
@@ -60,7 +62,12 @@ tClauseTemplate* Named(DListtClauseTemplate* rules, const String& name, int comp
 }  // namespace
 
 tCheckNotes::tCheckNotes(tFindings& findings)
-    : Findings(findings), MainRules(nullptr), LabelRules(nullptr), Where(BeforeSection) {}
+    : Findings(findings),
+      MainRules(nullptr),
+      LabelRules(nullptr),
+      Sorted(true),
+      InData(false),
+      Where(BeforeSection) {}
 
 void tCheckNotes::Rules(DListtClauseTemplate* mainRules, DListtClauseTemplate* labelRules) {
   MainRules = mainRules;
@@ -68,16 +75,41 @@ void tCheckNotes::Rules(DListtClauseTemplate* mainRules, DListtClauseTemplate* l
 }
 
 void tCheckNotes::BeginData() {
-  Lines.clear();
+  InData = true;
+  DataPlaces.clear();
   Where = BeforeSection;
 }
 
-int tCheckNotes::LineOf(const void* element) const {
-  auto found = Lines.find(element);
-  return found == Lines.end() ? 0 : found->second;
+namespace {
+
+int Find(const std::vector<std::pair<const void*, int>>& places, const void* element) {
+  auto after = std::upper_bound(places.begin(), places.end(), element,
+                                [](const void* e, const std::pair<const void*, int>& place) {
+                                  return std::less<const void*>()(e, place.first);
+                                });
+  return after != places.begin() && (after - 1)->first == element ? (after - 1)->second : 0;
 }
 
-void tCheckNotes::Placed(const void* element, int line) { Lines[element] = line; }
+}  // namespace
+
+int tCheckNotes::LineOf(const void* element) const {
+  if (!Sorted) {
+    auto byAddress = [](const std::pair<const void*, int>& a,
+                        const std::pair<const void*, int>& b) {
+      return std::less<const void*>()(a.first, b.first);
+    };
+    std::stable_sort(TemplatePlaces.begin(), TemplatePlaces.end(), byAddress);
+    std::stable_sort(DataPlaces.begin(), DataPlaces.end(), byAddress);
+    Sorted = true;
+  }
+  int line = Find(DataPlaces, element);
+  return line ? line : Find(TemplatePlaces, element);
+}
+
+void tCheckNotes::Placed(const void* element, int line) {
+  (InData ? DataPlaces : TemplatePlaces).emplace_back(element, line);
+  Sorted = false;
+}
 
 // Only the lines of the parseable section are data; what stands above it and
 // the filter text below its end line are skipped as they should be.
@@ -138,6 +170,11 @@ String tCheckNotes::UnknownClause(const String& name) {
 }
 
 void tCheckNotes::Note(int line, tNote what, const String& detail) {
+  // Every line of a data input comes here; most are as meant.
+  if (what == NoteDataLine || what == NoteDataLineSkipped || what == NoteBareMarker) {
+    DataLine(line, what, detail);
+    return;
+  }
   String quoted = Quoted(detail);
   String text;
   switch (what) {
@@ -219,7 +256,6 @@ void tCheckNotes::Note(int line, tNote what, const String& detail) {
     case NoteDataLine:
     case NoteDataLineSkipped:
     case NoteBareMarker:
-      DataLine(line, what, detail);
       return;
     case NoteNoStates:
       text =

@@ -1,7 +1,8 @@
 #ifndef RULEFORGE_CHECK_CHECKNOTES_H
 #define RULEFORGE_CHECK_CHECKNOTES_H
 
-#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "check/findings.h"
 #include "parse/notes.h"
@@ -31,7 +32,15 @@ class tCheckNotes : public tReadNotes {
   tFindings& Findings;
   DListtClauseTemplate* MainRules;
   DListtClauseTemplate* LabelRules;
-  std::unordered_map<const void*, int> Lines;
+  // Where each element was read from, by its address: the template's, kept
+  // through every data file, and the current data file's. Sorted by address
+  // on the first look-up after a change; of two places of one element (a data
+  // set read twice) the later counts.
+  typedef std::vector<std::pair<const void*, int>> tPlaces;
+  mutable tPlaces TemplatePlaces;
+  mutable tPlaces DataPlaces;
+  mutable bool Sorted;
+  bool InData;
   // Where the data input stands: before its first data line, in the
   // parseable section, or below the section's end line.
   enum { BeforeSection, InSection, BelowSection } Where;

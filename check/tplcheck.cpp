@@ -1,7 +1,7 @@
 #include "check/tplcheck.h"
 
 #include <cstring>
-#include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "text/dlist.h"
@@ -29,33 +29,53 @@ String Labelled(const tClauseTemplate& clause) {
   return list;
 }
 
-int BeginsALineWith(const String& text, const char* start) {
-  if (text.At(start, 0, static_cast<int>(std::strlen(start))) == 0) return 1;
-  return text.At(String("\n") + start) >= 0;
+// The places a text uses: "${0" and "${1" begin a value place (with or
+// without R), "${L}" the label place.
+struct tPlaces {
+  bool Value0 = false;
+  bool Value1 = false;
+  bool Label = false;
+};
+
+tPlaces PlacesIn(const char* text) {
+  tPlaces places;
+  for (const char* p = std::strchr(text, '$'); p; p = std::strchr(p + 1, '$')) {
+    if (p[1] != '{') continue;
+    places.Value0 |= p[2] == '0';
+    places.Value1 |= p[2] == '1';
+    places.Label |= p[2] == 'L' && p[3] == '}';
+  }
+  return places;
+}
+
+int BeginsALineWithHashes(const char* text) {
+  return std::strncmp(text, "###", 3) == 0 || std::strstr(text, "\n###") != nullptr;
 }
 
 void CheckText(const tClauseTemplate& clause, const tPrioritizedString& text, int value, int main,
                int line, tFindings& findings) {
-  if (BeginsALineWith(text, "###"))
+  if (BeginsALineWithHashes(text.Text()))
     findings.Add(line,
                  "text line begins with \"###\": in the output it is read back as data on the "
                  "next run (begin it otherwise)");
-  if (main && text.At("${L}") >= 0)
+  tPlaces places = PlacesIn(text.Text());
+  if (main && places.Label)
     findings.Add(line,
                  "text of a main rule uses ${L}, which only label rules fill: it stays in the "
                  "filter as written");
   if (!value) {
-    if (text.At("${0") >= 0 || text.At("${1") >= 0)
+    if (places.Value0 || places.Value1)
       findings.Add(line,
                    "single text (kind S) uses a value place, which only value texts (kind "
                    "V) fill: it stays in the filter as written");
     return;
   }
   const String* captions[] = {&clause.Value0Label, &clause.Value1Label};
-  const char* places[] = {"${0", "${1"};
+  bool used[] = {places.Value0, places.Value1};
   for (int list = 0; list < 2; ++list) {
-    if (captions[list]->Length() > 0 || text.At(places[list]) < 0) continue;
-    findings.Add(line, String("text uses ") + places[list] + "} or " + places[list] +
+    if (captions[list]->Length() > 0 || !used[list]) continue;
+    String place = list == 0 ? "${0" : "${1";
+    findings.Add(line, "text uses " + place + "} or " + place +
                            "R} but the clause has no caption for that list: without entries the "
                            "place stays in the filter as written (give the list a caption)");
   }
@@ -84,10 +104,11 @@ void CheckClause(const tClauseTemplate& clause, int main, const tCheckNotes& not
 
 void CheckRules(DListtClauseTemplate& rules, int main, const tCheckNotes& notes,
                 tFindings& findings) {
-  std::unordered_map<std::string, int> first;
+  std::unordered_map<std::string_view, int> first;
+  first.reserve(rules.Size());
   for (const tClauseTemplate* clause : Walk<const tClauseTemplate>(rules)) {
     int line = notes.LineOf(clause);
-    auto seen = first.emplace(clause->Name.Text(), line);
+    auto seen = first.emplace(std::string_view(clause->Name.Text(), clause->Name.Length()), line);
     if (!seen.second)
       findings.Add(line, "clause " + Quoted(clause->Name) +
                              " again in this section (first at line " + Number(seen.first->second) +
