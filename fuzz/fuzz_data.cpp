@@ -23,7 +23,7 @@ bool Regenerate(const void* data, size_t size, std::string& output) {
   tFilterData doc(RULEFORGE_FUZZ_TEMPLATE, 0);
   FUZZ_CHECK(error == 0);
   FUZZ_CHECK(doc.MainRules.Size() == 3 && doc.LabelRules.Size() == 2);
-  TempFile input(std::string(static_cast<const char*>(data), size));
+  TempFile input(Bytes(static_cast<const uint8_t*>(data), size));
   doc.ReadData(input.Name());
   // Only a missing head and an unknown clause stop a run at this point.
   FUZZ_CHECK(error == 0 || error == 4 || error == 6);

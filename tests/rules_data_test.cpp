@@ -24,15 +24,6 @@ class tRecordingProgress : public tProgress {
   std::string Reports;
 };
 
-// The document's whole output, with its result.
-std::string Output(tFilterData& document, tProgress& progress, int* result) {
-  return Captured([&](FILE* out) {
-    *result = document.DataSets.WriteTo(out, "", document.TemplateTitle.Text(), document.FirstLabel,
-                                        document.SubstitutionNames, document.SubstitutionValues,
-                                        progress);
-  });
-}
-
 // A stopped output keeps the section and ends with the last text written.
 TEST(DataSets, ProgressPercentagesAndStop) {
   const std::string expanding = "(Main) : A@0 (Main) : B@22 (Main) : C@45 (Main) : D@67 ";
@@ -55,7 +46,10 @@ TEST(DataSets, ProgressPercentagesAndStop) {
     for (tClauseData* record : Walk<tClauseData>(*main)) record->VariantStates[0] = 1;
     tRecordingProgress progress(c.stopFrom);
     int result = 0;
-    std::string out = Output(document, progress, &result);
+    std::string out = Captured([&](FILE* f) {
+      result = document.DataSets.WriteTo(f, "", "", 0, document.SubstitutionNames,
+                                         document.SubstitutionValues, progress);
+    });
     EXPECT_EQ(progress.Reports, c.reports);
     EXPECT_EQ(out.substr(out.find(kEnd) + sizeof kEnd - 1), c.texts);
     EXPECT_EQ(result, c.result);
