@@ -12,15 +12,18 @@
 
 #include "app/common.h"
 #include "app/filterd.h"
+#include "check/checknotes.h"
+#include "check/findings.h"
 #include "fuzz/fuzz_support.h"
 
 namespace {
 
-// One run on the given data: the whole output, or false when the run stops
-// with an error or would be too large to write.
-bool Regenerate(const void* data, size_t size, std::string& output) {
+// One run on the given data, the template and the data read with notes when
+// given: the whole output, or false when the run stops with an error or would
+// be too large to write.
+bool Regenerate(const void* data, size_t size, std::string& output, tReadNotes* notes = nullptr) {
   ResetRun();
-  tFilterData doc(RULEFORGE_FUZZ_TEMPLATE, 0);
+  tFilterData doc(RULEFORGE_FUZZ_TEMPLATE, 0, notes);
   FUZZ_CHECK(error == 0);
   FUZZ_CHECK(doc.MainRules.Size() == 3 && doc.LabelRules.Size() == 2);
   TempFile input(Bytes(static_cast<const uint8_t*>(data), size));
@@ -50,6 +53,11 @@ bool Regenerate(const void* data, size_t size, std::string& output) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::string first, second, third;
   if (!Regenerate(data, size, first)) return 0;
+  // A receiver of notes changes nothing of what is read.
+  tFindings findings;
+  tCheckNotes notes(findings);
+  std::string noted;
+  FUZZ_CHECK(Regenerate(data, size, noted, &notes) && noted == first);
   if (!Regenerate(first.data(), first.size(), second)) return 0;
   if (!Regenerate(second.data(), second.size(), third)) return 0;
   FUZZ_CHECK(second == third);

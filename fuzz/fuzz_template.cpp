@@ -8,6 +8,9 @@
 
 #include "app/common.h"
 #include "app/filterd.h"
+#include "check/checknotes.h"
+#include "check/findings.h"
+#include "check/tplcheck.h"
 #include "fuzz/fuzz_support.h"
 
 namespace {
@@ -72,6 +75,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   second.WriteTemplate(secondDump.Name());
   std::string one = Slurp(firstDump.Name());
   std::string two = Slurp(secondDump.Name());
+
+  // A receiver of notes changes nothing of what is read, and the checks of
+  // the template as read run on any template.
+  tFindings findings;
+  tCheckNotes notes(findings);
+  tFilterData noted(input.Name(), 0, &notes);
+  CheckTemplate(noted, notes, findings);
+  TempFile notedDump;
+  noted.WriteTemplate(notedDump.Name());
+  FUZZ_CHECK(Slurp(notedDump.Name()) == one);
   if (DumpReadsBackSame(first)) FUZZ_CHECK(one == two);
 
   tFilterData third(secondDump.Name(), 0);

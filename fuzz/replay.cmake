@@ -4,7 +4,7 @@
 foreach(target fuzz_template fuzz_data fuzz_run)
   add_executable(replay_${target} ${CMAKE_CURRENT_LIST_DIR}/${target}.cpp
                  ${CMAKE_CURRENT_LIST_DIR}/fuzz_support.cpp ${CMAKE_CURRENT_LIST_DIR}/replay_main.cpp)
-  target_link_libraries(replay_${target} PRIVATE ruleforge_core)
+  target_link_libraries(replay_${target} PRIVATE ruleforge_core ruleforge_check)
   target_compile_definitions(replay_${target} PRIVATE
                              RULEFORGE_FUZZ_TEMPLATE="${CMAKE_CURRENT_LIST_DIR}/rich.tpl")
   file(GLOB inputs CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/corpus/${target}/*)
