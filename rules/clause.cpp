@@ -40,6 +40,8 @@ int tClauseTemplate::Read(tFilterTemplateFile& file) {
   String* strings[] = {
       &Name,        &VariantLabels[0], &VariantLabels[1], &VariantLabels[2], &VariantLabels[3],
       &Value0Label, &Value1Label};
+  // The line each string came from tells whether the seven stood on one line
+  // or ran onto the following ones.
   int line = 0;
   int onLine = 0;
   for (String* string : strings) {
