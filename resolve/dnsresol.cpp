@@ -1,52 +1,87 @@
 #include "resolve/dnsresol.h"
 
-#include <arpa/inet.h>
-#include <netdb.h>
-#include <netinet/in.h>
-
-#include <cstring>
+#include <utility>
 
 #include "app/common.h"
 
 tDNSResolver* Resolver = nullptr;
 
-namespace {
-
-// The dotted-quad address of name, or name itself (after a warning).
-String Resolve(const String& name) {
-  hostent* host = gethostbyname(name.Text());
-  if (!host || host->h_addrtype != AF_INET || !host->h_addr_list[0]) {
-    Warning(7,
-            String("Could not resolve '") + name + "'. Putting unresolved name into filter file");
-    return name;
-  }
-  in_addr address;
-  std::memcpy(&address, host->h_addr_list[0], sizeof address);
-  return String(inet_ntoa(address));
-}
-
-}  // namespace
-
-String tDNSResolver::Lookup(const String& name) {
-  String host = name.Strip(" \t\n\r");
-  String suffix;
+int tDNSResolver::HostPart(const String& name, String& host, String& suffix) {
+  host = name.Strip(" \t\n\r");
+  suffix = Empty;
   int semicolon = host.At(';');
   if (semicolon >= 0) suffix = host.Cut(semicolon);
-
   // Built once: every entry of every resolved place comes through here.
   static const String dotsAndDigits = Digits + ".";
-  if (host.AtFirstNotIn(dotsAndDigits.Text()) >= 0) {
-    auto known = Index.find(host.Text());
-    if (known != Index.end()) {
-      host = *known->second;
-    } else {
-      HostNames.ToTail(new tString(host));
-      tString* address = new tString(Resolve(host));
-      HostAddresses.ToTail(address);
-      Index.emplace(host.Text(), address);
-      host = *address;
-    }
+  return host.AtFirstNotIn(dotsAndDigits.Text()) >= 0;
+}
+
+String tDNSResolver::Lookup(const String& name) {
+  String host, suffix;
+  if (HostPart(name, host, suffix)) {
+    const tString* known = Cached(host);
+    host = known ? String(*known) : Remember(host);
   }
   host += suffix;
   return host;
+}
+
+const tString* tDNSResolver::Cached(const String& host) {
+  if (IndexedNames != HostNames.ChangeCount() || IndexedAddresses != HostAddresses.ChangeCount()) {
+    Index.clear();
+    int n = HostNames.Size() < HostAddresses.Size() ? HostNames.Size() : HostAddresses.Size();
+    const DLink* name = HostNames.FirstLink();
+    const DLink* address = HostAddresses.FirstLink();
+    for (int i = 0; i < n; ++i, name = name->NextLink, address = address->NextLink)
+      Index.emplace(static_cast<tString*>(name->Object)->Text(),
+                    static_cast<tString*>(address->Object));
+    IndexedNames = HostNames.ChangeCount();
+    IndexedAddresses = HostAddresses.ChangeCount();
+  }
+  auto known = Index.find(host.Text());
+  return known == Index.end() ? nullptr : known->second;
+}
+
+String tDNSResolver::Remember(const String& host) {
+  HostNames.ToTail(new tString(host));
+  tHostAnswer answer;
+  auto ahead = Answers.find(host.Text());
+  if (ahead != Answers.end()) {
+    answer = std::move(ahead->second);
+    Answers.erase(ahead);
+  } else {
+    answer = LookUpHost(host.Text());
+  }
+  // An answer looked up ahead is the one this lookup would have got, and its
+  // warning is printed here, where the lookup would have been made, so the
+  // output and the order of the warnings are those of looking names up one by
+  // one as the expansion meets them.
+  String result = host;
+  if (answer.Found) {
+    result = answer.Address.c_str();
+  } else {
+    Warning(7,
+            String("Could not resolve '") + host + "'. Putting unresolved name into filter file");
+  }
+  tString* address = new tString(result);
+  HostAddresses.ToTail(address);
+  Index.emplace(host.Text(), address);
+  IndexedNames = HostNames.ChangeCount();
+  IndexedAddresses = HostAddresses.ChangeCount();
+  return result;
+}
+
+void tDNSResolver::Expect(const String& name) {
+  String host, suffix;
+  if (!HostPart(name, host, suffix) || Cached(host) || Answers.count(host.Text())) return;
+  if (ExpectedSet.insert(host.Text()).second) Expected.push_back(host.Text());
+}
+
+void tDNSResolver::LookUpExpected() {
+  std::vector<tHostAnswer> answers;
+  if (LookUpHosts(Expected, answers) == 0) {
+    for (size_t i = 0; i < Expected.size(); ++i) Answers[Expected[i]] = std::move(answers[i]);
+  }
+  Expected.clear();
+  ExpectedSet.clear();
 }

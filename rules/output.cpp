@@ -1,6 +1,7 @@
 #include "rules/clauslst.h"
 
 #include "app/common.h"
+#include "rules/lookups.h"
 #include "rules/substit.h"
 #include "rules/writeerr.h"
 
@@ -59,6 +60,7 @@ int DListOfDListtClauseData::WriteTo(FILE* out, const char* shownName, const cha
   // whole output.
   int count = Size();
   if (count == 0) return Flush(out, shownName);
+  LookUpAhead(*this, progress);
 
   DListtPrioritizedString output;
   int result =

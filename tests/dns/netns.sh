@@ -1,0 +1,57 @@
+# Sourced by the lookup test and the benchmark: a network namespace of this
+# run's own, with its loopback up, its own resolv.conf naming 127.0.0.1 and the
+# DNS server of server.py listening there. /etc/hosts is left as it is, so
+# localhost still resolves from it. Nothing is sent anywhere but that
+# namespace's loopback.
+#   dns_up DELAY_MS LOG_FILE   starts it all (returns 77 when namespaces are
+#                              not available here); then run programs with
+#                              dns_exec COMMAND...
+#   dns_down                   removes it all; the caller's EXIT trap calls it,
+#                              so that every exit path cleans up.
+dns_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+dns_ns="" dns_server=""
+
+dns_down() {
+  if [ -n "$dns_server" ]; then
+    kill "$dns_server" 2>/dev/null
+    wait "$dns_server" 2>/dev/null
+    dns_server=""
+  fi
+  if [ -n "$dns_ns" ]; then
+    ip netns del "$dns_ns" 2>/dev/null
+    rm -rf "/etc/netns/$dns_ns"
+    dns_ns=""
+  fi
+}
+
+dns_exec() { ip netns exec "$dns_ns" "$@"; }
+
+dns_up() {
+  local delay=$1 log=$2 ready
+  if [ "$(id -u)" != 0 ] || ! command -v ip >/dev/null || ! command -v python3 >/dev/null; then
+    echo "network namespaces need root, ip and python3 here" >&2
+    return 77
+  fi
+  dns_ns=ruleforge-dns-$$-$RANDOM
+  if ! ip netns add "$dns_ns" 2>/dev/null; then
+    echo "network namespaces are not available here (ip netns add failed)" >&2
+    dns_ns=""
+    return 77
+  fi
+  ip -n "$dns_ns" link set lo up || return 1
+  mkdir -p "/etc/netns/$dns_ns" || return 1
+  printf 'nameserver 127.0.0.1\n' >"/etc/netns/$dns_ns/resolv.conf"
+  ready=$(mktemp -u)
+  : >"$log"
+  # Started directly, not through dns_exec, so that its process id is the
+  # server's own and dns_down can stop it.
+  ip netns exec "$dns_ns" python3 "$dns_dir/server.py" "$delay" "$log" "$ready" &
+  dns_server=$!
+  for _ in $(seq 100); do
+    [ -e "$ready" ] && { rm -f "$ready"; return 0; }
+    kill -0 "$dns_server" 2>/dev/null || break
+    sleep 0.05
+  done
+  echo "the DNS server did not start" >&2
+  return 1
+}
