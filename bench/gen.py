@@ -112,6 +112,23 @@ def resolution(size):
     return tpl, data, "-", clauses * per
 
 
+def names(size):
+    # size distinct host names for the DNS server of tests/dns, each entered
+    # twice (the second time answered from the cache): most resolve, every tenth
+    # to two addresses, and every tenth does not resolve at all.
+    def name(j):
+        if j % 10 == 9:
+            return "gone%d.invalid" % j
+        if j % 10 == 4:
+            return "m%d.up.invalid" % j
+        return "h%d.up.invalid" % j
+    tpl = [BANNER, "Names", "~~~~Main Rules", "~~~", '"Names",  "On","","","",  "Hosts",""',
+           "~0, 10, V", "permit ${0R} (was ${0})", "~~~"]
+    data = [data_head("Names").rstrip("\n"), '### "Names", 1',
+            "### " + ", ".join(name(j) for j in list(range(size)) * 2), "###~~~"]
+    return tpl, data, "-", 2 * size
+
+
 WORKLOADS = {
     "wide": wide,
     "many-clauses": many_clauses,
@@ -119,6 +136,7 @@ WORKLOADS = {
     "labels": labels,
     "substitutions": substitutions,
     "resolution": resolution,
+    "names": names,
 }
 
 

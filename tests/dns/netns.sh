@@ -11,15 +11,17 @@
 dns_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 dns_ns="" dns_server=""
 
+# Every step may fail (the server may have ended already) without stopping the
+# rest, also in a script run with set -e.
 dns_down() {
   if [ -n "$dns_server" ]; then
-    kill "$dns_server" 2>/dev/null
-    wait "$dns_server" 2>/dev/null
+    kill "$dns_server" 2>/dev/null || true
+    wait "$dns_server" 2>/dev/null || true
     dns_server=""
   fi
   if [ -n "$dns_ns" ]; then
-    ip netns del "$dns_ns" 2>/dev/null
-    rm -rf "/etc/netns/$dns_ns"
+    ip netns del "$dns_ns" 2>/dev/null || true
+    rm -rf "/etc/netns/$dns_ns" || true
     dns_ns=""
   fi
 }
@@ -28,6 +30,9 @@ dns_exec() { ip netns exec "$dns_ns" "$@"; }
 
 dns_up() {
   local delay=$1 log=$2 ready
+  # Ended by a signal, the shell still runs its EXIT trap and so dns_down.
+  trap 'exit 130' INT
+  trap 'exit 143' TERM
   if [ "$(id -u)" != 0 ] || ! command -v ip >/dev/null || ! command -v python3 >/dev/null; then
     echo "network namespaces need root, ip and python3 here" >&2
     return 77

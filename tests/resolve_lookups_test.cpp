@@ -1,0 +1,93 @@
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <netdb.h>
+
+#include <string>
+#include <vector>
+
+#include "app/common.h"
+#include "app/filterd.h"
+#include "resolve/dnsresol.h"
+#include "resolve/hostlookup.h"
+#include "rules/lookups.h"
+#include "testutil.h"
+
+namespace {
+
+TEST(HostLookup, AnswerIsTheFirstIPv4AddressOfAnEntry) {
+  in_addr first, second;
+  inet_pton(AF_INET, "10.1.2.3", &first);
+  inet_pton(AF_INET, "10.9.9.9", &second);
+  char* two[] = {reinterpret_cast<char*>(&first), reinterpret_cast<char*>(&second), nullptr};
+  char* none[] = {nullptr};
+  hostent ipv4 = {nullptr, nullptr, AF_INET, 4, two};
+  hostent ipv6 = {nullptr, nullptr, AF_INET6, 4, two};
+  hostent empty = {nullptr, nullptr, AF_INET, 4, none};
+  struct Case {
+    const char* what;
+    const hostent* host;
+    int found;
+    const char* address;
+  } cases[] = {
+      {"no entry", nullptr, 0, ""},
+      {"two addresses", &ipv4, 1, "10.1.2.3"},
+      {"not IPv4", &ipv6, 0, ""},
+      {"no address", &empty, 0, ""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    tHostAnswer answer = AnswerOf(c.host);
+    EXPECT_EQ(answer.Found, c.found);
+    EXPECT_EQ(answer.Address, c.address);
+  }
+}
+
+// The cache lists are open to change from outside; answers follow them.
+TEST(Resolver, CacheFollowsChangesOfItsLists) {
+  tDNSResolver resolver;
+  resolver.HostNames.ToTail(new tString("a.invalid"));
+  resolver.HostAddresses.ToTail(new tString("10.0.0.1"));
+  EXPECT_STREQ(resolver.Lookup("a.invalid;25").Text(), "10.0.0.1;25");
+  resolver.HostNames.Clear();
+  resolver.HostAddresses.Clear();
+  resolver.HostNames.ToTail(new tString("a.invalid"));
+  resolver.HostAddresses.ToTail(new tString("10.0.0.2"));
+  EXPECT_STREQ(resolver.Lookup("a.invalid").Text(), "10.0.0.2");
+}
+
+// Reports nothing, like the silent sink, but is not it: the output then looks
+// every name up as the expansion meets it.
+class tOtherProgress : public tProgress {};
+
+// The names found ahead are exactly the ones the expansion looks up, in the
+// same order: variants off, single texts, skipped texts, companions and label
+// sets included.
+TEST(Resolver, NamesFoundAheadAreTheOnesTheExpansionLooksUp) {
+  error = 0;
+  tFilterData document(TestData("lookups.tpl").c_str(), 1);
+  ASSERT_EQ(document.ReadData(TestData("lookups.flt").c_str()), 0);
+  std::vector<std::string> ahead;
+  ForEachLookup(document.DataSets, [&](const String& text) {
+    String host, suffix;
+    if (!tDNSResolver::HostPart(text, host, suffix)) return;
+    for (const std::string& known : ahead) {
+      if (known == host.Text()) return;
+    }
+    ahead.push_back(host.Text());
+  });
+
+  Resolver = new tDNSResolver;
+  tOtherProgress progress;
+  Captured([&](FILE* out) {
+    document.DataSets.WriteTo(out, "", "", document.FirstLabel, document.SubstitutionNames,
+                              document.SubstitutionValues, progress);
+  });
+  std::vector<std::string> met;
+  for (const tString* name : Walk<const tString>(Resolver->HostNames)) met.push_back(name->Text());
+  delete Resolver;
+  Resolver = nullptr;
+  EXPECT_EQ(ahead, met);
+  EXPECT_EQ(met.size(), 17u);
+}
+
+}  // namespace
