@@ -73,8 +73,10 @@ String tDNSResolver::Remember(const String& host) {
 
 void tDNSResolver::Expect(const String& name) {
   String host, suffix;
-  if (!HostPart(name, host, suffix) || Cached(host) || Answers.count(host.Text())) return;
-  if (ExpectedSet.insert(host.Text()).second) Expected.push_back(host.Text());
+  if (!HostPart(name, host, suffix)) return;
+  std::string key = host.Text();
+  if (Cached(host) || Answers.count(key) || !ExpectedSet.insert(key).second) return;
+  Expected.push_back(std::move(key));
 }
 
 void tDNSResolver::LookUpExpected() {

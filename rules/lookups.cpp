@@ -1,6 +1,8 @@
 #include "rules/lookups.h"
 
+#include <string>
 #include <typeinfo>
+#include <unordered_set>
 
 #include "resolve/dnsresol.h"
 
@@ -52,6 +54,10 @@ void ForEachLookup(const DListOfDListtClauseData& sets,
 
 void LookUpAhead(const DListOfDListtClauseData& sets, const tProgress& progress) {
   if (!Resolver || typeid(progress) != typeid(tProgress)) return;
-  ForEachLookup(sets, [](const String& text) { Resolver->Expect(text); });
+  // Entries repeat a few names many times over; each text is cleaned once.
+  std::unordered_set<std::string> seen;
+  ForEachLookup(sets, [&seen](const String& text) {
+    if (seen.insert(text.Text()).second) Resolver->Expect(text);
+  });
   Resolver->LookUpExpected();
 }
