@@ -36,8 +36,10 @@ bool Regenerate(const void* data, size_t size, std::string& output, tReadNotes* 
   FILE* out = open_memstream(&buffer, &length);
   FUZZ_CHECK(out != nullptr);
   tProgress progress;
-  int result = doc.DataSets.WriteTo(out, "", doc.TemplateTitle.Text(), doc.FirstLabel,
-                                    doc.SubstitutionNames, doc.SubstitutionValues, progress);
+  int result = doc.DataSets.WriteTo(out, "",
+                                    tOutputFrame{doc.TemplateTitle.Text(), doc.FirstLabel,
+                                                 doc.SubstitutionNames, doc.SubstitutionValues},
+                                    progress);
   std::fclose(out);
   output.assign(buffer, length);
   std::free(buffer);

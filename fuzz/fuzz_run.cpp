@@ -26,8 +26,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   if (error == 0 && OutputTextBound(doc) <= kMaxOutputTexts) {
     tProgress progress;
-    int result = doc.DataSets.WriteTo(NullOutput(), "", doc.TemplateTitle.Text(), doc.FirstLabel,
-                                      doc.SubstitutionNames, doc.SubstitutionValues, progress);
+    int result = doc.DataSets.WriteTo(NullOutput(), "",
+                                      tOutputFrame{doc.TemplateTitle.Text(), doc.FirstLabel,
+                                                   doc.SubstitutionNames, doc.SubstitutionValues},
+                                      progress);
     FUZZ_CHECK(result >= 0 && error == 0);
   }
   return 0;

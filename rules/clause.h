@@ -7,6 +7,8 @@
 #include "text/dliststr.h"
 #include "text/str.h"
 
+class tTextSink;
+
 // Splits a header line of a template or a line of the parseable section into
 // fields, appended to fields: a field ends after each comma or line end, and
 // blanks, tabs, line ends and commas are removed wherever they stand in it.
@@ -70,6 +72,8 @@ class tClauseData : public tObject {
   int Read(tFilterDataFile& in);
   // Adds the generated texts of this record and of its companion to out.
   int WriteFilter(DListtPrioritizedString& out);
+  // Hands the same texts, in the same order, to out (rules/expand.cpp).
+  int WriteFilter(tTextSink& out);
 
  private:
   // Set on the first record of a pair: it deletes its Partner.
@@ -78,7 +82,7 @@ class tClauseData : public tObject {
   void WriteStates(FILE* out) const;
   void WriteValues(FILE* out);
   void ReadPart(tFilterDataFile& in, int headLine);
-  void Expand(DListtPrioritizedString& out);
+  void Expand(tTextSink& out);
 };
 
 #endif

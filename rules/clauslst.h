@@ -7,6 +7,7 @@
 
 #include "parse/parsefil.h"
 #include "rules/clause.h"
+#include "rules/outstage.h"
 #include "rules/progress.h"
 #include "text/dlist.h"
 #include "text/dliststr.h"
@@ -22,7 +23,7 @@ int AtSectionSeparator(tParseableFile& file);
 
 // The clause templates of one section of a template file, in file order. Holds
 // main templates only and owns them: clearing or destroying the list deletes
-// each, and each its companion.
+// each, and each its companion. In rules/clauslst.cpp.
 class DListtClauseTemplate : public DList {
  public:
   tClauseTemplate* Current() const;
@@ -35,6 +36,8 @@ class DListtClauseTemplate : public DList {
 // is not fixed, in template order. Itself an element of the list of data sets.
 // Owns its records: clearing or destroying the set deletes each first record,
 // and each first record its companion record. The template list is not owned.
+// Reading and the parseable lines in rules/clauslst.cpp, the expansion in
+// rules/setexp.cpp.
 class DListtClauseData : public DList, public tObject {
  public:
   DListtClauseData();
@@ -49,6 +52,8 @@ class DListtClauseData : public DList, public tObject {
   int Read(tFilterDataFile& in);
   int WriteParseable(FILE* out);
   int WriteFilter(DListtPrioritizedString& out, tProgress* progress, int from, int to);
+  // Hands the same texts, in the same order, to out.
+  int WriteFilter(tTextSink& out, tProgress* progress, int from, int to);
 
  private:
   String SetName;
@@ -61,7 +66,10 @@ class DListtClauseData : public DList, public tObject {
 };
 
 // Every data set of the document: "(Main)" first, then one per label in the
-// order the labels first occur. Owns the data sets.
+// order the labels first occur. Owns the data sets. Reading in
+// rules/clauslst.cpp, the output in rules/output.cpp (its filter text through
+// tOutputStage, rules/outstage.cpp) and the named file's safe save in
+// rules/safesave.cpp.
 class DListOfDListtClauseData : public DList {
  public:
   ~DListOfDListtClauseData() override;
@@ -80,8 +88,7 @@ class DListOfDListtClauseData : public DList {
   int Write(const char* fileName, const char* title, int firstLabel, DListtString& names,
             DListtString& values, int keepUnchanged = 0);
   // Writes the whole output to out; shownName is the name used in messages.
-  int WriteTo(FILE* out, const char* shownName, const char* title, int firstLabel,
-              DListtString& names, DListtString& values, tProgress& progress);
+  int WriteTo(FILE* out, const char* shownName, const tOutputFrame& frame, tProgress& progress);
 
  private:
   void WriteSection(FILE* out, const char* title);

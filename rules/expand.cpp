@@ -1,6 +1,7 @@
 #include "rules/clause.h"
 
 #include "resolve/dnsresol.h"
+#include "rules/textsink.h"
 
 namespace {
 
@@ -8,7 +9,9 @@ namespace {
 // address, other wildcards become zeros, and host names become addresses when
 // resolution is on. Empty entries get no resolved form and are taken out of
 // values as well, so entry n of resolved still belongs to entry n of values.
-void Resolve(DListtString& values, DListtString& resolved, int stripBlanks) {
+// The resolved forms are appended to resolved.
+void Resolve(DListtString& values, std::vector<String>& resolved, int stripBlanks) {
+  static const String anyAddress("0;0");
   values.GotoHead();
   while (tString* entry = values.Current()) {
     String copy = stripBlanks ? entry->Strip(" \t\n\r") : String(*entry);
@@ -17,12 +20,12 @@ void Resolve(DListtString& values, DListtString& resolved, int stripBlanks) {
       continue;
     }
     if (copy == "*") {
-      copy = "0;0";
+      copy = anyAddress;
     } else {
       copy.ReplaceAll("*", "0");
       if (Resolver) copy = Resolver->Lookup(copy);
     }
-    resolved.ToTail(new tString(copy));
+    resolved.push_back(copy);
     values.Next();
   }
 }
@@ -36,25 +39,37 @@ tPlaces ScanResolvedPlaces(tClauseTemplate& clause, const int inEffect[4]) {
   tPlaces places;
   for (int i = 0; i < 4; ++i) {
     if (!inEffect[i]) continue;
-    DListtPrioritizedString& texts = clause.ValueTexts[i];
-    for (texts.GotoHead(); texts.Current(); texts.Next()) {
-      if (texts.Current()->At("${0R}") >= 0) places.Uses0R = 1;
-      if (texts.Current()->At("${1R}") >= 0) places.Uses1R = 1;
+    for (const tPrioritizedString* text : Walk<const tPrioritizedString>(clause.ValueTexts[i])) {
+      if (text->At("${0R}") >= 0) places.Uses0R = 1;
+      if (text->At("${1R}") >= 0) places.Uses1R = 1;
       if (places.Uses0R && places.Uses1R) return places;
     }
   }
   return places;
 }
 
+// Every value list's entries, in order, at the end of entries; returns where
+// they begin.
+int Snapshot(const DListtString& values, std::vector<String>& entries) {
+  int first = static_cast<int>(entries.size());
+  for (const tString* entry : Walk<const tString>(values)) entries.push_back(*entry);
+  return first;
+}
+
 }  // namespace
 
 int tClauseData::WriteFilter(DListtPrioritizedString& out) {
+  tListSink sink(out);
+  return WriteFilter(sink);
+}
+
+int tClauseData::WriteFilter(tTextSink& out) {
   Expand(out);
   if (Partner) Partner->Expand(out);
   return 0;
 }
 
-void tClauseData::Expand(DListtPrioritizedString& out) {
+void tClauseData::Expand(tTextSink& out) {
   tClauseTemplate& clause = *Template;
   int inEffect[4];
   for (int i = 0; i < 4; ++i) {
@@ -62,21 +77,28 @@ void tClauseData::Expand(DListtPrioritizedString& out) {
     inEffect[i] = (i == 0 && !labelled) || (labelled && VariantStates[i] != 0);
   }
   tPlaces places = ScanResolvedPlaces(clause, inEffect);
-  DListtString resolved0, resolved1;
-  if (places.Uses0R) Resolve(Values0, resolved0, 0);
-  if (places.Uses1R) Resolve(Values1, resolved1, 1);
+  std::vector<String>& entries = out.Entries;
+  tPlaceValues values;
+  values.First[tPlaceValues::Resolved0] = static_cast<int>(entries.size());
+  if (places.Uses0R) Resolve(Values0, entries, 0);
+  values.First[tPlaceValues::Resolved1] = static_cast<int>(entries.size());
+  if (places.Uses1R) Resolve(Values1, entries, 1);
+  values.Count[tPlaceValues::Resolved0] =
+      values.First[tPlaceValues::Resolved1] - values.First[tPlaceValues::Resolved0];
+  values.Count[tPlaceValues::Resolved1] =
+      static_cast<int>(entries.size()) - values.First[tPlaceValues::Resolved1];
+  // The value lists no longer change for this record: their entries are
+  // taken once, for all of its value texts.
+  bool taken = false;
 
   for (int i = 0; i < 4; ++i) {
     if (!inEffect[i]) continue;
-    DListtPrioritizedString& singles = clause.SingleTexts[i];
-    for (singles.GotoHead(); singles.Current(); singles.Next())
-      out.ToSorted(new tPrioritizedString(*singles.Current()));
+    for (const tPrioritizedString* single : Walk<const tPrioritizedString>(clause.SingleTexts[i]))
+      out.Single(*single);
 
-    DListtPrioritizedString& texts = clause.ValueTexts[i];
-    for (texts.GotoHead(); texts.Current(); texts.Next()) {
-      tPrioritizedString& text = *texts.Current();
-      int mentions0 = text.At("${0") >= 0;
-      int mentions1 = text.At("${1") >= 0;
+    for (const tPrioritizedString* text : Walk<const tPrioritizedString>(clause.ValueTexts[i])) {
+      int mentions0 = text->At("${0") >= 0;
+      int mentions1 = text->At("${1") >= 0;
       int n0 = Values0.Size();
       int n1 = Values1.Size();
       int end0 = mentions0 && n0 >= 1 ? n0 : 1;
@@ -86,16 +108,14 @@ void tClauseData::Expand(DListtPrioritizedString& out) {
       int skip0 = mentions0 && clause.Value0Label.Length() > 0 && n0 == 0;
       int skip1 = mentions1 && clause.Value1Label.Length() > 0 && n1 == 0;
       if (skip0 || skip1) continue;
-      for (int j = 0; j < end0; ++j) {
-        for (int k = 0; k < end1; ++k) {
-          tPrioritizedString* made = new tPrioritizedString(text);
-          if (tString* value = Values0[j]) made->ReplaceAll("${0}", value->Text());
-          if (tString* value = Values1[k]) made->ReplaceAll("${1}", value->Text());
-          if (places.Uses0R && resolved0[j]) made->ReplaceAll("${0R}", resolved0[j]->Text());
-          if (places.Uses1R && resolved1[k]) made->ReplaceAll("${1R}", resolved1[k]->Text());
-          out.ToSorted(made);
-        }
+      if (!taken) {
+        values.First[tPlaceValues::Value0] = Snapshot(Values0, entries);
+        values.Count[tPlaceValues::Value0] = n0;
+        values.First[tPlaceValues::Value1] = Snapshot(Values1, entries);
+        values.Count[tPlaceValues::Value1] = n1;
+        taken = true;
       }
+      out.Pairs(*text, values, end0, end1);
     }
   }
 }

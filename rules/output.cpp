@@ -2,7 +2,7 @@
 
 #include "app/common.h"
 #include "rules/lookups.h"
-#include "rules/substit.h"
+#include "rules/outstage.h"
 #include "rules/writeerr.h"
 
 namespace {
@@ -12,22 +12,6 @@ const char kSectionHead[] =
     "## DO NOT MODIFY THIS FILE BY HAND!\n";
 const char kSectionEnd[] =
     "## End of parseable section ---------------------------------------------\n\n";
-
-int Percent(int base, int span, long long n, long long total) {
-  return base + static_cast<int>((n * span) / total);
-}
-
-// Moves the label set's texts, in their order, in front of the output list's
-// current position, which stays where it is.
-void Splice(DListtPrioritizedString& block, DListtPrioritizedString& output, int firstLabel,
-            const String& setName) {
-  while (tPrioritizedString* text = static_cast<tPrioritizedString*>(block.GetHead())) {
-    text->Priority = firstLabel;
-    text->ReplaceAll("${L}", setName.Text());
-    output.ToCurrent(text);
-    output.Next();
-  }
-}
 
 // Output that fits in the stdio buffer only fails when it is flushed, so the
 // flush counts as part of the writing, also when the filter text is empty and
@@ -46,48 +30,23 @@ void DListOfDListtClauseData::WriteSection(FILE* out, const char* title) {
   std::fprintf(out, "###%s%s\n", DataFileTemplateHeader.Text(), title);
 }
 
-int DListOfDListtClauseData::WriteTo(FILE* out, const char* shownName, const char* title,
-                                     int firstLabel, DListtString& names, DListtString& values,
+int DListOfDListtClauseData::WriteTo(FILE* out, const char* shownName, const tOutputFrame& frame,
                                      tProgress& progress) {
-  WriteSection(out, title);
-  for (GotoHead(); Current(); Next()) {
-    std::fprintf(out, "###~~~~%s\n", Current()->Name(nullptr).Text());
-    int result = Current()->WriteParseable(out);
+  WriteSection(out, frame.Title);
+  for (DListtClauseData* set : Walk<DListtClauseData>(*this)) {
+    std::fprintf(out, "###~~~~%s\n", set->Name(nullptr).Text());
+    int result = set->WriteParseable(out);
     if (result < 0) return result;
   }
   std::fputs(kSectionEnd, out);
   // Without any data set there is nothing to expand: the section alone is the
   // whole output.
-  int count = Size();
-  if (count == 0) return Flush(out, shownName);
+  if (Size() == 0) return Flush(out, shownName);
   LookUpAhead(*this, progress);
 
-  DListtPrioritizedString output;
-  int result =
-      static_cast<DListtClauseData*>((*this)[0])->WriteFilter(output, &progress, 0, 90 / count);
+  tOutputStage stage(frame, progress);
+  int result = stage.Expand(*this);
+  if (result >= 0) result = stage.Write(out, shownName);
   if (result < 0) return result;
-
-  output.GotoHead();
-  while (output.Current() && output.Current()->Priority <= firstLabel) output.Next();
-  for (int i = 1; i < count; ++i) {
-    DListtClauseData* set = static_cast<DListtClauseData*>((*this)[i]);
-    DListtPrioritizedString block;
-    result = set->WriteFilter(block, &progress, i * 90 / count, (i + 1) * 90 / count);
-    if (result < 0) return result;
-    Splice(block, output, firstLabel, set->Name(nullptr));
-  }
-
-  tSubstitutions substitutions(names, values);
-  long long total = output.Size();
-  long long n = 0;
-  for (output.GotoHead(); output.Current(); output.Next(), ++n) {
-    result = progress.Report("Writing to File...", Percent(90, 10, n, total));
-    if (result < 0) return result;
-    tPrioritizedString* text = output.Current();
-    substitutions.Apply(*text);
-    size_t length = text->Length();
-    if (length == 0) continue;
-    if (std::fwrite(text->Text(), 1, length, out) < length) return WriteFailed(shownName);
-  }
   return Flush(out, shownName);
 }

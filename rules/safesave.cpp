@@ -79,9 +79,10 @@ int Commit(FILE* file) {
 int DListOfDListtClauseData::Write(const char* fileName, const char* title, int firstLabel,
                                    DListtString& names, DListtString& values, int keepUnchanged) {
   tProgress progress;
+  tOutputFrame frame{title, firstLabel, names, values};
   if (!fileName) {
     progress.Caption("Writing to stdout");
-    return WriteTo(stdout, "", title, firstLabel, names, values, progress);
+    return WriteTo(stdout, "", frame, progress);
   }
 
   String target(fileName);
@@ -96,7 +97,7 @@ int DListOfDListtClauseData::Write(const char* fileName, const char* title, int 
   // Before any byte is written, so the new output is never open to more users
   // than the old one.
   KeepAttributes(file, fileName);
-  int result = WriteTo(file, fileName, title, firstLabel, names, values, progress);
+  int result = WriteTo(file, fileName, frame, progress);
   if (!Commit(file) && result >= 0) result = WriteFailed(fileName);
   if (result < 0) {
     std::remove(temporaryName.Text());

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/replace.h"
+
 namespace {
 
 // The largest transition table built, in entries; names beyond it are applied
@@ -96,14 +98,14 @@ void tSubstitutions::Build() {
 // Lists in Found the pairs whose names occur in text. A state's whole suffix
 // chain is marked when the state is, so a walk stops at the first state
 // already marked, and the scan costs one step per byte plus one per state.
-void tSubstitutions::Scan(const String& text) {
+void tSubstitutions::Scan(const std::string& text) {
   Found.clear();
   if (++Stamp == 0) {
     SeenAt.assign(SeenAt.size(), 0);
     Stamp = 1;
   }
-  const unsigned char* p = reinterpret_cast<const unsigned char*>(text.Text());
-  const unsigned char* end = p + text.Length();
+  const unsigned char* p = reinterpret_cast<const unsigned char*>(text.data());
+  const unsigned char* end = p + text.size();
   int s = 0;
   for (; p < end; ++p) {
     s = Goto[s * Classes + ClassOf[*p]];
@@ -117,8 +119,26 @@ void tSubstitutions::Scan(const String& text) {
 }
 
 void tSubstitutions::Apply(String& text) {
+  std::string bytes(text.Text(), text.Length());
+  Apply(bytes);
+  if (bytes.size() != static_cast<size_t>(text.Length()) || bytes != text.Text())
+    text = bytes.c_str();
+}
+
+void tSubstitutions::Apply(std::string& text) {
+  // Replaces pair i's name in text; false when it does not occur.
+  auto replace = [&](int i) {
+    const String& name = PairNames[i];
+    const String& value = PairValues[i];
+    if (name.Length() == 0 ||
+        !ReplaceAllBytes(text.data(), static_cast<int>(text.size()), name.Text(), name.Length(),
+                         value.Text(), value.Length(), Work))
+      return false;
+    text.swap(Work);
+    return true;
+  };
   if (!Scanning) {
-    for (int i = 0; i < Pairs; ++i) text.ReplaceAll(PairNames[i].Text(), PairValues[i].Text());
+    for (int i = 0; i < Pairs; ++i) replace(i);
     return;
   }
   Scan(text);
@@ -128,10 +148,8 @@ void tSubstitutions::Apply(String& text) {
     int i = Found[k++];
     if (i <= applied) continue;
     applied = i;
-    String before = text;
-    text.ReplaceAll(PairNames[i].Text(), PairValues[i].Text());
     // Later pairs must see the names that the replacement removed or made.
-    if (text != before) {
+    if (replace(i)) {
       Scan(text);
       k = 0;
     }

@@ -1,6 +1,7 @@
 #ifndef RULEFORGE_RULES_SUBSTIT_H
 #define RULEFORGE_RULES_SUBSTIT_H
 
+#include <string>
 #include <vector>
 
 #include "text/dliststr.h"
@@ -14,6 +15,7 @@ class tSubstitutions {
  public:
   tSubstitutions(DListtString& names, DListtString& values);
   void Apply(String& text);
+  void Apply(std::string& text);
 
  private:
   DListtString& Names;
@@ -46,8 +48,11 @@ class tSubstitutions {
   // The pairs whose names the last scan found, in pair order.
   std::vector<int> Found;
 
+  // The text a replacement is made into, kept for the next one.
+  std::string Work;
+
   void Build();
-  void Scan(const String& text);
+  void Scan(const std::string& text);
 };
 
 #endif

@@ -47,8 +47,9 @@ TEST(DataSets, ProgressPercentagesAndStop) {
     tRecordingProgress progress(c.stopFrom);
     int result = 0;
     std::string out = Captured([&](FILE* f) {
-      result = document.DataSets.WriteTo(f, "", "", 0, document.SubstitutionNames,
-                                         document.SubstitutionValues, progress);
+      result = document.DataSets.WriteTo(
+          f, "", tOutputFrame{"", 0, document.SubstitutionNames, document.SubstitutionValues},
+          progress);
     });
     EXPECT_EQ(progress.Reports, c.reports);
     EXPECT_EQ(out.substr(out.find(kEnd) + sizeof kEnd - 1), c.texts);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "text/replace.h"
 #include "text/strblock.h"
 
 namespace {
@@ -110,18 +111,12 @@ bool ReplaceChecked(const char* text, int n, const char* from, int m, const char
 
 }  // namespace
 
-String& String::ReplaceAll(const char* from, const char* to) {
-  if (!from || !*from) return *this;
-  if (!to) to = "";
-  const int m = static_cast<int>(std::strlen(from));
-  const int t = static_cast<int>(std::strlen(to));
-  const int n = Block->Length;
-  const char* text = Block->Chars();
+bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const char* to, int t,
+                     std::string& out) {
   long long count = 0;
   for (const char* at = text; (at = FindBytes(at, text + n, from, m)); at += m) ++count;
-  if (count == 0) return *this;
+  if (count == 0) return false;
 
-  std::string result;
   // When `to` contains `from` the rescan never ends: every replacement leaves a
   // new occurrence behind, so the single pass is the only useful answer.
   bool rescanned = false;
@@ -133,32 +128,40 @@ String& String::ReplaceAll(const char* from, const char* to) {
     long long length = n + count * (static_cast<long long>(t) - m);
     long long ahead = t < m ? m - 1 : 0;
     if (length + ahead > MaxLength) throw std::bad_alloc();
-    tBlock* b = NewBlock(nullptr, 0, static_cast<int>(length + ahead));
-    if (ReplaceChecked(text, n, from, m, to, t, b->Chars())) {
-      b->Length = static_cast<int>(length);
-      Adopt(b);
-      return *this;
+    out.resize(static_cast<size_t>(length + ahead) + 1);
+    if (ReplaceChecked(text, n, from, m, to, t, &out[0])) {
+      out.resize(static_cast<size_t>(length));
+      return true;
     }
-    Release(b);
     // The rescan can also run forever without that (replacing "ab" by "bbaa"
     // in "aab" re-creates "ab" with its left neighbour every time), and no
     // cheap test tells the two apart. So its work is capped: ten million
     // replacements, and a text of at most four times its starting length and
     // that of `to`, plus 64 KiB; and ten million replacements for all texts of
     // a run together, so that however many texts diverge they add a fraction
-    // of a second. Past a cap the single-pass result stands, as for
-    // `to` containing `from`.
+    // of a second. Past a cap the single-pass result stands, as for `to`
+    // containing `from`.
     long long grown = 4 * (static_cast<long long>(n) + t) + 65536;
     size_t maxLength = static_cast<size_t>(grown < MaxLength ? grown : MaxLength);
     long long cap =
         RunReplacementsLeft < kTextReplacements ? RunReplacementsLeft : kTextReplacements;
     long long used = 0;
-    rescanned = Rescan(text, n, from, m, to, t, cap, maxLength, result, used);
+    rescanned = Rescan(text, n, from, m, to, t, cap, maxLength, out, used);
     RunReplacementsLeft -= used < cap ? used : cap;
   }
-  if (!rescanned) result = ReplaceOnce(text, n, from, m, to, t);
-  if (result.size() > static_cast<size_t>(MaxLength)) throw std::bad_alloc();
-  const int length = static_cast<int>(result.size());
-  Adopt(NewBlock(result.data(), length, length));
+  if (!rescanned) out = ReplaceOnce(text, n, from, m, to, t);
+  if (out.size() > static_cast<size_t>(MaxLength)) throw std::bad_alloc();
+  return true;
+}
+
+String& String::ReplaceAll(const char* from, const char* to) {
+  if (!from || !*from) return *this;
+  if (!to) to = "";
+  std::string result;
+  if (ReplaceAllBytes(Block->Chars(), Block->Length, from, static_cast<int>(std::strlen(from)), to,
+                      static_cast<int>(std::strlen(to)), result)) {
+    const int length = static_cast<int>(result.size());
+    Adopt(NewBlock(result.data(), length, length));
+  }
   return *this;
 }

@@ -1,0 +1,117 @@
+#include "rules/outstage.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "rules/clauslst.h"
+#include "rules/fill.h"
+#include "rules/writeerr.h"
+
+tOutputStage::tOutputStage(const tOutputFrame& frame, tProgress& progress)
+    : WroteText(0),
+      Frame(frame),
+      Progress(progress),
+      Substitutions(frame.Names, frame.Values),
+      Total(0),
+      Written(0) {}
+
+void tOutputStage::Single(const tPrioritizedString& text) {
+  Blocks.back().Records.push_back(tRecord{&text, -1, 1, 1});
+  ++Total;
+}
+
+void tOutputStage::Pairs(const tPrioritizedString& text, const tPlaceValues& values, int end0,
+                         int end1) {
+  // One record's value texts share their values, handed in once per text.
+  if (PairValues.empty() || std::memcmp(&PairValues.back(), &values, sizeof values) != 0)
+    PairValues.push_back(values);
+  Blocks.back().Records.push_back(
+      tRecord{&text, static_cast<int>(PairValues.size()) - 1, end0, end1});
+  Total += static_cast<long long>(end0) * end1;
+}
+
+// Records arrive in the order of generation, so sorting them by priority with
+// ties kept in that order places them as ToSorted places each text.
+void tOutputStage::Order(std::vector<tRecord>& records) {
+  auto lower = [](const tRecord& a, const tRecord& b) {
+    return a.Text->Priority < b.Text->Priority;
+  };
+  if (!std::is_sorted(records.begin(), records.end(), lower))
+    std::stable_sort(records.begin(), records.end(), lower);
+}
+
+int tOutputStage::Expand(DListOfDListtClauseData& sets) {
+  int count = sets.Size();
+  for (int i = 0; i < count; ++i) {
+    DListtClauseData* set = static_cast<DListtClauseData*>(sets[i]);
+    Blocks.push_back(tBlock{{}, i == 0 ? nullptr : &set->Name(nullptr)});
+    int result = set->WriteFilter(*this, &Progress, i * 90 / count, (i + 1) * 90 / count);
+    if (result < 0) return result;
+    Order(Blocks.back().Records);
+  }
+  return 0;
+}
+
+// The label data sets' blocks go, one after another, before the first main
+// text whose priority is above FirstLabel; their own priorities then all read
+// FirstLabel, which keeps the whole in order.
+int tOutputStage::Write(FILE* out, const char* shownName) {
+  if (Blocks.empty()) return 0;
+  const std::vector<tRecord>& main = Blocks[0].Records;
+  const tRecord* split = std::upper_bound(
+      main.data(), main.data() + main.size(), Frame.FirstLabel,
+      [](int firstLabel, const tRecord& r) { return firstLabel < r.Text->Priority; });
+  int result = WriteRecords(main.data(), split, nullptr, out, shownName);
+  for (size_t i = 1; i < Blocks.size() && result >= 0; ++i) {
+    const std::vector<tRecord>& records = Blocks[i].Records;
+    result = WriteRecords(records.data(), records.data() + records.size(), Blocks[i].Label, out,
+                          shownName);
+  }
+  if (result >= 0) result = WriteRecords(split, main.data() + main.size(), nullptr, out, shownName);
+  return result;
+}
+
+int tOutputStage::WriteRecords(const tRecord* first, const tRecord* last, const String* label,
+                               FILE* out, const char* shownName) {
+  tPlaceFill fill;
+  fill.With[tPlaceFill::Label] = label;
+  for (const tRecord* record = first; record < last; ++record) {
+    const tPrioritizedString& text = *record->Text;
+    if (record->Values < 0) {
+      if (label) {
+        Fill(text, fill, Line);
+      } else {
+        Line.assign(text.Text(), text.Length());
+      }
+      int result = WriteLine(out, shownName);
+      if (result < 0) return result;
+      continue;
+    }
+    const tPlaceValues& values = PairValues[record->Values];
+    for (int j = 0; j < record->End0; ++j) {
+      for (int k = 0; k < record->End1; ++k) {
+        for (int place = 0; place < tPlaceValues::Places; ++place) {
+          int index = place % 2 ? k : j;
+          fill.With[place] =
+              index < values.Count[place] ? &Entries[values.First[place] + index] : nullptr;
+        }
+        Fill(text, fill, Line);
+        int result = WriteLine(out, shownName);
+        if (result < 0) return result;
+      }
+    }
+  }
+  return 0;
+}
+
+// Reports, applies the substitutions and writes the text in Line.
+int tOutputStage::WriteLine(FILE* out, const char* shownName) {
+  int result =
+      Progress.Report("Writing to File...", 90 + static_cast<int>((Written++ * 10) / Total));
+  if (result < 0) return result;
+  Substitutions.Apply(Line);
+  if (Line.empty()) return 0;
+  WroteText = 1;
+  if (std::fwrite(Line.data(), 1, Line.size(), out) < Line.size()) return WriteFailed(shownName);
+  return 0;
+}

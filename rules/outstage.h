@@ -1,0 +1,81 @@
+#ifndef RULEFORGE_RULES_OUTSTAGE_H
+#define RULEFORGE_RULES_OUTSTAGE_H
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "rules/progress.h"
+#include "rules/substit.h"
+#include "rules/textsink.h"
+#include "text/dliststr.h"
+
+class DListOfDListtClauseData;
+
+// What the output takes from the template besides the data sets: its title,
+// the priority at which the label data sets' texts go in (FirstLabel), and the
+// substitution pairs. Refers to the document's fields, which outlive it.
+struct tOutputFrame {
+  const char* Title;
+  int FirstLabel;
+  DListtString& Names;
+  DListtString& Values;
+};
+
+// The generated filter text of a run, from the expansion of every data set to
+// the written bytes. Instead of a DListtPrioritizedString of made texts it
+// keeps one small record per value text and pair range, in the order ToSorted
+// would give them, and makes each text only while writing it: the order
+// depends on priority and order of generation alone, and a text on its
+// template text, its values and its data set's name, so the bytes are the
+// same. Owns the records and the entries they refer to; the templates and the
+// data sets' names must outlive it.
+class tOutputStage : public tTextSink {
+ public:
+  tOutputStage(const tOutputFrame& frame, tProgress& progress);
+  // Expands every data set, the main one first; a negative answer of the
+  // progress sink is returned and ends the expansion.
+  int Expand(DListOfDListtClauseData& sets);
+  // Writes every text in order; -1 after error 8, or the sink's negative
+  // answer.
+  int Write(FILE* out, const char* shownName);
+  // 1 once a text of at least one character has been handed to the stream.
+  int WroteText;
+
+  void Single(const tPrioritizedString& text) override;
+  void Pairs(const tPrioritizedString& text, const tPlaceValues& values, int end0,
+             int end1) override;
+
+ private:
+  // One text, or the texts of one value text over a range of pairs: all of
+  // one priority and made one after another, so ToSorted keeps them
+  // together. Values is an index into PairValues, or -1 for a single text.
+  struct tRecord {
+    const tPrioritizedString* Text;
+    int Values;
+    int End0;
+    int End1;
+  };
+  // The records of one data set and the name that fills ${L} (null for the
+  // main data set).
+  struct tBlock {
+    std::vector<tRecord> Records;
+    const String* Label;
+  };
+
+  const tOutputFrame& Frame;
+  tProgress& Progress;
+  tSubstitutions Substitutions;
+  std::vector<tPlaceValues> PairValues;
+  std::vector<tBlock> Blocks;
+  std::string Line;
+  long long Total;
+  long long Written;
+
+  void Order(std::vector<tRecord>& records);
+  int WriteRecords(const tRecord* first, const tRecord* last, const String* label, FILE* out,
+                   const char* shownName);
+  int WriteLine(FILE* out, const char* shownName);
+};
+
+#endif

@@ -1,0 +1,14 @@
+#ifndef RULEFORGE_TEXT_REPLACE_H
+#define RULEFORGE_TEXT_REPLACE_H
+
+#include <string>
+
+// String::ReplaceAll's rule on plain bytes, for callers that keep a text in a
+// buffer of their own: every occurrence of `from` (m >= 1 bytes) in `text` (n
+// bytes) is replaced by `to` (t bytes), searching again from the start after
+// each replacement, within the same caps. The result goes to `out`; false,
+// with `out` unspecified, when `from` does not occur.
+bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const char* to, int t,
+                     std::string& out);
+
+#endif
