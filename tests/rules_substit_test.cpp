@@ -10,7 +10,9 @@ namespace {
 // Names, values and texts over small alphabets, so that names overlap, nest,
 // repeat and appear inside values, and replacements make and remove names. In
 // some rounds a name of four million letters leaves the names too large for
-// the automaton, and the pairs are applied one after another.
+// the automaton, and the pairs are applied one after another; in others a name
+// of every byte value makes the full table too large, and the scan follows the
+// trie's edges instead.
 TEST(Substitutions, AgreeWithEveryPairAppliedInTurn) {
   std::mt19937 random(5);
   int changed = 0;
@@ -34,6 +36,11 @@ TEST(Substitutions, AgreeWithEveryPairAppliedInTurn) {
     if (random() % 4 == 0) names.ToTail(new tString(String(word(3).c_str())));  // no value
     if (round % 100 == 0) {
       names.ToHead(new tString(String(std::string(1 << 22, 'a').c_str())));
+      values.ToHead(new tString(String("v")));
+    } else if (round % 20 == 0) {
+      std::string every(1 << 15, 'a');
+      for (size_t k = 0; k < every.size(); ++k) every[k] = static_cast<char>(1 + k % 255);
+      names.ToHead(new tString(String(every.c_str())));
       values.ToHead(new tString(String("v")));
     }
     tSubstitutions substitutions(names, values);

@@ -96,13 +96,17 @@ String DListtString::ToString(const char* separator, int trailing) {
 
 DListtString::~DListtString() { Clear(); }
 
-DListtPrioritizedString::DListtPrioritizedString() : IndexedChanges(Changes) {}
+DListtPrioritizedString::DListtPrioritizedString() {}
 
 tPrioritizedString* DListtPrioritizedString::Current() const {
   return static_cast<tPrioritizedString*>(CurrentObject());
 }
 
 namespace {
+
+// Lists shorter than this are walked: the walk is as fast, and they need no
+// index.
+const int kIndexedFrom = 64;
 
 int PriorityOf(const DLink* link) {
   return static_cast<tPrioritizedString*>(link->Object)->Priority;
@@ -113,16 +117,17 @@ int PriorityOf(const DLink* link) {
 // Records the last link of each priority in one walk. A list found out of
 // order keeps an empty index, which tells ToSorted to walk instead.
 void DListtPrioritizedString::Reindex() {
-  LastOfPriority.clear();
-  IndexedChanges = Changes;
+  std::map<int, DLink*>& lastOf = Index->LastOfPriority;
+  lastOf.clear();
+  Index->Changes = Changes;
   if (!Tail) return;
   DLink* head = Tail->NextLink;
   for (DLink* link = head;; link = link->NextLink) {
     if (link != head && PriorityOf(link->PrevLink) > PriorityOf(link)) {
-      LastOfPriority.clear();
+      lastOf.clear();
       return;
     }
-    LastOfPriority[PriorityOf(link)] = link;
+    lastOf[PriorityOf(link)] = link;
     if (link == Tail) return;
   }
 }
@@ -133,24 +138,34 @@ void DListtPrioritizedString::Reindex() {
 // them. A list that something else put out of order gets the walk itself,
 // whose result there depends on where the cursor stood.
 void DListtPrioritizedString::ToSorted(tPrioritizedString* p) {
-  if (IndexedChanges != Changes) Reindex();
-  std::map<int, DLink*>::iterator above = LastOfPriority.upper_bound(p->Priority);
+  if (Count < kIndexedFrom) {
+    WalkToPlace(p);
+    ToCurrent(p);
+    return;
+  }
+  if (!Index) {
+    Index.reset(new tIndex);
+    Index->Changes = Changes - 1;
+  }
+  std::map<int, DLink*>& lastOf = Index->LastOfPriority;
+  if (Index->Changes != Changes) Reindex();
+  std::map<int, DLink*>::iterator above = lastOf.upper_bound(p->Priority);
   // An element's priority may have been changed in place, which no change
   // count sees: the place found is checked, and the index rebuilt once.
-  if (Tail && !LastOfPriority.empty() && !PlaceHolds(above, p->Priority)) {
+  if (Tail && !lastOf.empty() && !PlaceHolds(above, p->Priority)) {
     Reindex();
-    above = LastOfPriority.upper_bound(p->Priority);
+    above = lastOf.upper_bound(p->Priority);
   }
   if (!Tail) {
     ToTail(p);
-    LastOfPriority.emplace(p->Priority, Tail);
-  } else if (LastOfPriority.empty()) {
+    lastOf.emplace(p->Priority, Tail);
+  } else if (lastOf.empty()) {
     WalkToPlace(p);
     ToCurrent(p);
   } else {
     LinkBefore(above, p);
   }
-  IndexedChanges = Changes;
+  Index->Changes = Changes;
 }
 
 // The literal walk: back while the cursor's text is above p, then forward
@@ -168,7 +183,8 @@ void DListtPrioritizedString::WalkToPlace(const tPrioritizedString* p) {
 // whether the head does.
 bool DListtPrioritizedString::PlaceHolds(std::map<int, DLink*>::iterator above,
                                          int priority) const {
-  if (above == LastOfPriority.begin()) return PriorityOf(Tail->NextLink) > priority;
+  const std::map<int, DLink*>& lastOf = Index->LastOfPriority;
+  if (above == lastOf.begin()) return PriorityOf(Tail->NextLink) > priority;
   std::map<int, DLink*>::iterator at = std::prev(above);
   DLink* last = at->second;
   return PriorityOf(last) == at->first && (last == Tail || PriorityOf(last->NextLink) > priority);
@@ -179,7 +195,8 @@ bool DListtPrioritizedString::PlaceHolds(std::map<int, DLink*>::iterator above,
 // and records p as the last text of its priority.
 void DListtPrioritizedString::LinkBefore(std::map<int, DLink*>::iterator above,
                                          tPrioritizedString* p) {
-  if (above == LastOfPriority.begin()) {
+  std::map<int, DLink*>& lastOf = Index->LastOfPriority;
+  if (above == lastOf.begin()) {
     Cursor = Tail->NextLink;
     ToCurrent(p);
     PastEnd = 0;
@@ -191,10 +208,10 @@ void DListtPrioritizedString::LinkBefore(std::map<int, DLink*>::iterator above,
   }
   // `above` is still the first priority above p's, so the entry for p's
   // priority is just before it or goes there: no second search.
-  if (above != LastOfPriority.begin() && std::prev(above)->first == p->Priority) {
+  if (above != lastOf.begin() && std::prev(above)->first == p->Priority) {
     std::prev(above)->second = Cursor;
   } else {
-    LastOfPriority.emplace_hint(above, p->Priority, Cursor);
+    lastOf.emplace_hint(above, p->Priority, Cursor);
   }
 }
 

@@ -2,6 +2,7 @@
 #define RULEFORGE_TEXT_DLISTSTR_H
 
 #include <map>
+#include <memory>
 
 #include "text/dlist.h"
 #include "text/str.h"
@@ -54,11 +55,15 @@ class DListtPrioritizedString : public DList {
   ~DListtPrioritizedString() override;
 
  private:
-  // The last link of each priority, valid while IndexedChanges equals Changes.
-  // It finds the place of a new text without walking the list, which keeps
-  // insertion fast when priorities arrive out of order.
-  std::map<int, DLink*> LastOfPriority;
-  unsigned long IndexedChanges;
+  // The last link of each priority, valid while its Changes equals the
+  // list's. It finds the place of a new text without walking the list, which
+  // keeps insertion fast when priorities arrive out of order. Only long lists
+  // get one: a short list is walked, and a list costs one pointer until then.
+  struct tIndex {
+    std::map<int, DLink*> LastOfPriority;
+    unsigned long Changes = 0;
+  };
+  std::unique_ptr<tIndex> Index;
   void Reindex();
   void WalkToPlace(const tPrioritizedString* p);
   bool PlaceHolds(std::map<int, DLink*>::iterator above, int priority) const;
