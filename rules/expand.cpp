@@ -1,5 +1,7 @@
 #include "rules/clause.h"
 
+#include <deque>
+
 #include "resolve/dnsresol.h"
 #include "rules/textsink.h"
 
@@ -10,7 +12,7 @@ namespace {
 // resolution is on. Empty entries get no resolved form and are taken out of
 // values as well, so entry n of resolved still belongs to entry n of values.
 // The resolved forms are appended to resolved.
-void Resolve(DListtString& values, std::vector<String>& resolved, int stripBlanks) {
+void Resolve(DListtString& values, std::deque<String>& resolved, int stripBlanks) {
   static const String anyAddress("0;0");
   values.GotoHead();
   while (tString* entry = values.Current()) {
@@ -48,14 +50,6 @@ tPlaces ScanResolvedPlaces(tClauseTemplate& clause, const int inEffect[4]) {
   return places;
 }
 
-// Every value list's entries, in order, at the end of entries; returns where
-// they begin.
-int Snapshot(const DListtString& values, std::vector<String>& entries) {
-  int first = static_cast<int>(entries.size());
-  for (const tString* entry : Walk<const tString>(values)) entries.push_back(*entry);
-  return first;
-}
-
 }  // namespace
 
 int tClauseData::WriteFilter(DListtPrioritizedString& out) {
@@ -77,19 +71,16 @@ void tClauseData::Expand(tTextSink& out) {
     inEffect[i] = (i == 0 && !labelled) || (labelled && VariantStates[i] != 0);
   }
   tPlaces places = ScanResolvedPlaces(clause, inEffect);
-  std::vector<String>& entries = out.Entries;
+  std::deque<String>& resolved = out.Resolved;
   tPlaceValues values;
-  values.First[tPlaceValues::Resolved0] = static_cast<int>(entries.size());
-  if (places.Uses0R) Resolve(Values0, entries, 0);
-  values.First[tPlaceValues::Resolved1] = static_cast<int>(entries.size());
-  if (places.Uses1R) Resolve(Values1, entries, 1);
-  values.Count[tPlaceValues::Resolved0] =
-      values.First[tPlaceValues::Resolved1] - values.First[tPlaceValues::Resolved0];
-  values.Count[tPlaceValues::Resolved1] =
-      static_cast<int>(entries.size()) - values.First[tPlaceValues::Resolved1];
-  // The value lists no longer change for this record: their entries are
-  // taken once, for all of its value texts.
-  bool taken = false;
+  values.Values[0] = &Values0;
+  values.Values[1] = &Values1;
+  values.First[0] = static_cast<int>(resolved.size());
+  if (places.Uses0R) Resolve(Values0, resolved, 0);
+  values.First[1] = static_cast<int>(resolved.size());
+  if (places.Uses1R) Resolve(Values1, resolved, 1);
+  values.Count[0] = values.First[1] - values.First[0];
+  values.Count[1] = static_cast<int>(resolved.size()) - values.First[1];
 
   for (int i = 0; i < 4; ++i) {
     if (!inEffect[i]) continue;
@@ -108,13 +99,6 @@ void tClauseData::Expand(tTextSink& out) {
       int skip0 = mentions0 && clause.Value0Label.Length() > 0 && n0 == 0;
       int skip1 = mentions1 && clause.Value1Label.Length() > 0 && n1 == 0;
       if (skip0 || skip1) continue;
-      if (!taken) {
-        values.First[tPlaceValues::Value0] = Snapshot(Values0, entries);
-        values.Count[tPlaceValues::Value0] = n0;
-        values.First[tPlaceValues::Value1] = Snapshot(Values1, entries);
-        values.Count[tPlaceValues::Value1] = n1;
-        taken = true;
-      }
       out.Pairs(*text, values, end0, end1);
     }
   }

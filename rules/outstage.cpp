@@ -32,7 +32,7 @@ void tOutputStage::Pairs(const tPrioritizedString& text, const tPlaceValues& val
 
 // Records arrive in the order of generation, so sorting them by priority with
 // ties kept in that order places them as ToSorted places each text.
-void tOutputStage::Order(std::vector<tRecord>& records) {
+void tOutputStage::Order(std::deque<tRecord>& records) {
   auto lower = [](const tRecord& a, const tRecord& b) {
     return a.Text->Priority < b.Text->Priority;
   };
@@ -57,27 +57,29 @@ int tOutputStage::Expand(DListOfDListtClauseData& sets) {
 // FirstLabel, which keeps the whole in order.
 int tOutputStage::Write(FILE* out, const char* shownName) {
   if (Blocks.empty()) return 0;
-  const std::vector<tRecord>& main = Blocks[0].Records;
-  const tRecord* split = std::upper_bound(
-      main.data(), main.data() + main.size(), Frame.FirstLabel,
-      [](int firstLabel, const tRecord& r) { return firstLabel < r.Text->Priority; });
-  int result = WriteRecords(main.data(), split, nullptr, out, shownName);
+  const std::deque<tRecord>& main = Blocks[0].Records;
+  size_t split = std::upper_bound(main.begin(), main.end(), Frame.FirstLabel,
+                                  [](int firstLabel, const tRecord& r) {
+                                    return firstLabel < r.Text->Priority;
+                                  }) -
+                 main.begin();
+  int result = WriteRecords(main, 0, split, nullptr, out, shownName);
   for (size_t i = 1; i < Blocks.size() && result >= 0; ++i) {
-    const std::vector<tRecord>& records = Blocks[i].Records;
-    result = WriteRecords(records.data(), records.data() + records.size(), Blocks[i].Label, out,
-                          shownName);
+    const std::deque<tRecord>& records = Blocks[i].Records;
+    result = WriteRecords(records, 0, records.size(), Blocks[i].Label, out, shownName);
   }
-  if (result >= 0) result = WriteRecords(split, main.data() + main.size(), nullptr, out, shownName);
+  if (result >= 0) result = WriteRecords(main, split, main.size(), nullptr, out, shownName);
   return result;
 }
 
-int tOutputStage::WriteRecords(const tRecord* first, const tRecord* last, const String* label,
-                               FILE* out, const char* shownName) {
+int tOutputStage::WriteRecords(const std::deque<tRecord>& records, size_t first, size_t last,
+                               const String* label, FILE* out, const char* shownName) {
   tPlaceFill fill;
   fill.With[tPlaceFill::Label] = label;
-  for (const tRecord* record = first; record < last; ++record) {
-    const tPrioritizedString& text = *record->Text;
-    if (record->Values < 0) {
+  for (size_t r = first; r < last; ++r) {
+    const tRecord& record = records[r];
+    const tPrioritizedString& text = *record.Text;
+    if (record.Values < 0) {
       if (label) {
         Fill(text, fill, Line);
       } else {
@@ -87,18 +89,11 @@ int tOutputStage::WriteRecords(const tRecord* first, const tRecord* last, const 
       if (result < 0) return result;
       continue;
     }
-    const tPlaceValues& values = PairValues[record->Values];
-    for (int j = 0; j < record->End0; ++j) {
-      for (int k = 0; k < record->End1; ++k) {
-        for (int place = 0; place < tPlaceValues::Places; ++place) {
-          int index = place % 2 ? k : j;
-          fill.With[place] =
-              index < values.Count[place] ? &Entries[values.First[place] + index] : nullptr;
-        }
-        Fill(text, fill, Line);
-        int result = WriteLine(out, shownName);
-        if (result < 0) return result;
-      }
+    tPairFill pairs(PairValues[record.Values], Resolved, record.End0, record.End1);
+    while (pairs.Next(fill)) {
+      Fill(text, fill, Line);
+      int result = WriteLine(out, shownName);
+      if (result < 0) return result;
     }
   }
   return 0;

@@ -2,8 +2,8 @@
 #define RULEFORGE_RULES_OUTSTAGE_H
 
 #include <cstdio>
+#include <deque>
 #include <string>
-#include <vector>
 
 #include "rules/progress.h"
 #include "rules/substit.h"
@@ -28,8 +28,8 @@ struct tOutputFrame {
 // would give them, and makes each text only while writing it: the order
 // depends on priority and order of generation alone, and a text on its
 // template text, its values and its data set's name, so the bytes are the
-// same. Owns the records and the entries they refer to; the templates and the
-// data sets' names must outlive it.
+// same. Owns the records and the resolved forms they refer to; the templates,
+// the records' value lists and the data sets' names must outlive it.
 class tOutputStage : public tTextSink {
  public:
   tOutputStage(const tOutputFrame& frame, tProgress& progress);
@@ -59,22 +59,22 @@ class tOutputStage : public tTextSink {
   // The records of one data set and the name that fills ${L} (null for the
   // main data set).
   struct tBlock {
-    std::vector<tRecord> Records;
+    std::deque<tRecord> Records;
     const String* Label;
   };
 
   const tOutputFrame& Frame;
   tProgress& Progress;
   tSubstitutions Substitutions;
-  std::vector<tPlaceValues> PairValues;
-  std::vector<tBlock> Blocks;
+  std::deque<tPlaceValues> PairValues;
+  std::deque<tBlock> Blocks;
   std::string Line;
   long long Total;
   long long Written;
 
-  void Order(std::vector<tRecord>& records);
-  int WriteRecords(const tRecord* first, const tRecord* last, const String* label, FILE* out,
-                   const char* shownName);
+  void Order(std::deque<tRecord>& records);
+  int WriteRecords(const std::deque<tRecord>& records, size_t first, size_t last,
+                   const String* label, FILE* out, const char* shownName);
   int WriteLine(FILE* out, const char* shownName);
 };
 

@@ -25,6 +25,7 @@ tSubstitutions::tSubstitutions(DListtString& names, DListtString& values)
       Dense(false),
       ClassOf(),
       Classes(1),
+      Begins(),
       LongestName(0),
       Stamp(0) {
   for (int i = 0; i < Pairs; ++i) {
@@ -122,6 +123,7 @@ void tSubstitutions::Build() {
     // Each entry holds the next state times Classes, shifted left once, with
     // the low bit set when that state recognises a name.
     Step.assign(static_cast<size_t>(States) * Classes, 0);
+    for (int e = EdgeStart[0]; e < EdgeStart[1]; ++e) Begins[EdgeByte[e]] = true;
     std::vector<unsigned char> byteOf(Classes, 0);
     for (int c = 0; c < 256; ++c) byteOf[ClassOf[c]] = static_cast<unsigned char>(c);
     for (int state : queue) {
@@ -179,6 +181,11 @@ void tSubstitutions::Scan(const std::string& text, size_t from) {
   if (Dense) {
     int at = 0;
     for (; p < end; ++p) {
+      // From the root, bytes that begin no name lead back to it.
+      if (at == 0) {
+        while (p < end && !Begins[*p]) ++p;
+        if (p == end) break;
+      }
       int step = Step[at + ClassOf[*p]];
       at = step >> 1;
       if (step & 1) Mark(at / Classes);

@@ -33,6 +33,8 @@ class tSubstitutions {
   std::vector<String> PairValues;
   unsigned char ClassOf[256];
   int Classes;
+  // The bytes that begin a name.
+  bool Begins[256];
   int LongestName;
   int States;
   // The trie: the edges of state s are EdgeStart[s] to EdgeStart[s + 1] - 1,

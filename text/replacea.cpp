@@ -78,34 +78,34 @@ bool Rescan(const char* text, int n, const char* from, int m, const char* to, in
   }
 }
 
-// The single pass into out, which has room for its result, giving up (false)
-// as soon as the rescan would differ from it. After a replacement the rescan
-// looks again from the start; the text before the replaced occurrence held
-// none, so a new one can only start within m - 1 characters before the
-// inserted text or inside it. Finding none in that window after every
-// replacement proves that the rescan resumes after the inserted text, as the
-// single pass does.
-bool ReplaceChecked(const char* text, int n, const char* from, int m, const char* to, int t,
-                    char* out) {
-  char* put = out;
+// The single pass into out, giving up (false) as soon as the rescan would
+// differ from it. After a replacement the rescan looks again from the start;
+// the text before the replaced occurrence held none, so a new one can only
+// start within m - 1 characters before the inserted text or inside it.
+// Finding none in that window after every replacement proves that the rescan
+// resumes after the inserted text, as the single pass does. `at` is the
+// first occurrence.
+bool ReplaceChecked(const char* text, int n, const char* at, const char* from, int m,
+                    const char* to, int t, std::string& out) {
+  out.clear();
   const char* rest = text;
   const char* end = text + n;
-  while (const char* at = FindBytes(rest, end, from, m)) {
-    std::memcpy(put, rest, at - rest);
-    put += at - rest;
-    char* first = put - out >= m - 1 ? put - (m - 1) : out;
-    std::memcpy(put, to, t);
-    put += t;
+  while (at) {
+    out.append(rest, at - rest);
+    size_t first = out.size() >= static_cast<size_t>(m - 1) ? out.size() - (m - 1) : 0;
+    out.append(to, t);
+    size_t put = out.size();
     rest = at + m;
     // Fewer than m characters follow the inserted text in the window, so an
     // occurrence found there starts before the inserted text's end. They are
-    // copied ahead and overwritten by the next step.
-    int tail = end - rest < m - 1 ? static_cast<int>(end - rest) : m - 1;
-    std::memcpy(put, rest, tail);
-    if (FindBytes(first, put + tail, from, m)) return false;
+    // appended for the check and taken off again.
+    out.append(rest, end - rest < m - 1 ? end - rest : m - 1);
+    bool made = FindBytes(out.data() + first, out.data() + out.size(), from, m);
+    out.resize(put);
+    if (made) return false;
+    at = FindBytes(rest, end, from, m);
   }
-  std::memcpy(put, rest, end - rest);
-  put[end - rest] = '\0';
+  out.append(rest, end - rest);
   return true;
 }
 
@@ -113,9 +113,8 @@ bool ReplaceChecked(const char* text, int n, const char* from, int m, const char
 
 bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const char* to, int t,
                      std::string& out) {
-  long long count = 0;
-  for (const char* at = text; (at = FindBytes(at, text + n, from, m)); at += m) ++count;
-  if (count == 0) return false;
+  const char* at = FindBytes(text, text + n, from, m);
+  if (!at) return false;
 
   // When `to` contains `from` the rescan never ends: every replacement leaves a
   // new occurrence behind, so the single pass is the only useful answer.
@@ -123,14 +122,8 @@ bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const cha
   if (!FindBytes(to, to + t, from, m)) {
     // Usually no replacement brings a new occurrence about, and the single
     // pass is the rescan's result.
-    // The check copies up to m - 1 characters ahead of the output, which can
-    // reach past its end only when replacements shorten the text.
-    long long length = n + count * (static_cast<long long>(t) - m);
-    long long ahead = t < m ? m - 1 : 0;
-    if (length + ahead > MaxLength) throw std::bad_alloc();
-    out.resize(static_cast<size_t>(length + ahead) + 1);
-    if (ReplaceChecked(text, n, from, m, to, t, &out[0])) {
-      out.resize(static_cast<size_t>(length));
+    if (ReplaceChecked(text, n, at, from, m, to, t, out)) {
+      if (out.size() > static_cast<size_t>(MaxLength)) throw std::bad_alloc();
       return true;
     }
     // The rescan can also run forever without that (replacing "ab" by "bbaa"
