@@ -8,8 +8,7 @@
 #include "rules/writeerr.h"
 
 tOutputStage::tOutputStage(const tOutputFrame& frame, tProgress& progress)
-    : WroteText(0),
-      Frame(frame),
+    : Frame(frame),
       Progress(progress),
       Substitutions(frame.Names, frame.Values),
       Total(0),
@@ -106,7 +105,6 @@ int tOutputStage::WriteLine(FILE* out, const char* shownName) {
   if (result < 0) return result;
   Substitutions.Apply(Line);
   if (Line.empty()) return 0;
-  WroteText = 1;
   if (std::fwrite(Line.data(), 1, Line.size(), out) < Line.size()) return WriteFailed(shownName);
   return 0;
 }

@@ -39,8 +39,6 @@ class tOutputStage : public tTextSink {
   // Writes every text in order; -1 after error 8, or the sink's negative
   // answer.
   int Write(FILE* out, const char* shownName);
-  // 1 once a text of at least one character has been handed to the stream.
-  int WroteText;
 
   void Single(const tPrioritizedString& text) override;
   void Pairs(const tPrioritizedString& text, const tPlaceValues& values, int end0,
