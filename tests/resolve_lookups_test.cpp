@@ -79,8 +79,10 @@ TEST(Resolver, NamesFoundAheadAreTheOnesTheExpansionLooksUp) {
   Resolver = new tDNSResolver;
   tOtherProgress progress;
   Captured([&](FILE* out) {
-    document.DataSets.WriteTo(out, "", "", document.FirstLabel, document.SubstitutionNames,
-                              document.SubstitutionValues, progress);
+    document.DataSets.WriteTo(out, "",
+                              tOutputFrame{"", document.FirstLabel, document.SubstitutionNames,
+                                           document.SubstitutionValues},
+                              progress);
   });
   std::vector<std::string> met;
   for (const tString* name : Walk<const tString>(Resolver->HostNames)) met.push_back(name->Text());
