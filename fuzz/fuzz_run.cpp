@@ -1,10 +1,12 @@
 // Bytes as a whole run: everything before the first NUL byte is the template
 // file, everything after it the data input (empty when there is no NUL). The
-// template is read, the data read against it and the output written to
-// /dev/null, each stage only while no error has been recorded, as a run does.
+// template is read, the data read against it and the output written, each
+// stage only while no error has been recorded, as a run does. The filter text
+// must be the one the plain method makes from the same input read again.
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 
 #include "app/common.h"
 #include "app/filterd.h"
@@ -26,11 +28,21 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   if (error == 0 && OutputTextBound(doc) <= kMaxOutputTexts) {
     tProgress progress;
-    int result = doc.DataSets.WriteTo(NullOutput(), "",
-                                      tOutputFrame{doc.TemplateTitle.Text(), doc.FirstLabel,
-                                                   doc.SubstitutionNames, doc.SubstitutionValues},
-                                      progress);
+    int result = -1;
+    std::string out = Captured([&](FILE* f) {
+      result = doc.DataSets.WriteTo(f, "",
+                                    tOutputFrame{doc.TemplateTitle.Text(), doc.FirstLabel,
+                                                 doc.SubstitutionNames, doc.SubstitutionValues},
+                                    progress);
+    });
     FUZZ_CHECK(result >= 0 && error == 0);
+    tFilterData again(templateFile.Name(), 0);
+    again.ReadData(dataFile.Name());
+    std::string plain =
+        "## End of parseable section ---------------------------------------------\n\n" +
+        PlainFilterText(again);
+    FUZZ_CHECK(out.size() >= plain.size() &&
+               out.compare(out.size() - plain.size(), plain.size(), plain) == 0);
   }
   return 0;
 }

@@ -4,6 +4,7 @@
 
 #include "app/common.h"
 #include "app/filterd.h"
+#include "rules/clauslst.h"
 
 namespace {
 
@@ -16,6 +17,34 @@ long long RecordBound(const tClauseData& record) {
 }
 
 }  // namespace
+
+std::string PlainFilterText(tFilterData& doc) {
+  std::string text;
+  int count = doc.DataSets.Size();
+  if (count == 0) return text;
+  tProgress silent;
+  DListtPrioritizedString output;
+  static_cast<DListtClauseData*>(doc.DataSets[0])->WriteFilter(output, &silent, 0, 0);
+  output.GotoHead();
+  while (output.Current() && output.Current()->Priority <= doc.FirstLabel) output.Next();
+  for (int i = 1; i < count; ++i) {
+    DListtClauseData* set = static_cast<DListtClauseData*>(doc.DataSets[i]);
+    DListtPrioritizedString block;
+    set->WriteFilter(block, &silent, 0, 0);
+    while (tPrioritizedString* made = static_cast<tPrioritizedString*>(block.GetHead())) {
+      made->Priority = doc.FirstLabel;
+      made->ReplaceAll("${L}", set->Name(nullptr).Text());
+      output.ToCurrent(made);
+      output.Next();
+    }
+  }
+  for (tPrioritizedString* made : Walk<tPrioritizedString>(output)) {
+    for (int i = 0; i < doc.SubstitutionNames.Size() && i < doc.SubstitutionValues.Size(); ++i)
+      made->ReplaceAll(doc.SubstitutionNames[i]->Text(), doc.SubstitutionValues[i]->Text());
+    text += made->Text();
+  }
+  return text;
+}
 
 FILE* NullOutput() {
   static FILE* null = std::fopen("/dev/null", "w");

@@ -30,6 +30,12 @@ class tFilterData;
 long long OutputTextBound(tFilterData& doc);
 const long long kMaxOutputTexts = 200000;
 
+// The filter text of doc's data made the plain way: every text made at once
+// into a DListtPrioritizedString, the label blocks spliced in, and ${L} and
+// the substitutions applied with one ReplaceAll per place and pair. Expands
+// doc's records, as writing does.
+std::string PlainFilterText(tFilterData& doc);
+
 // Resets the library's global state before an input runs: the last error code.
 void ResetRun();
 

@@ -15,7 +15,7 @@ tOutputStage::tOutputStage(const tOutputFrame& frame, tProgress& progress)
       Written(0) {}
 
 void tOutputStage::Single(const tPrioritizedString& text) {
-  Blocks.back().Records.push_back(tRecord{&text, -1, 1, 1});
+  Records.push_back(tRecord{&text, -1, 1, 1});
   ++Total;
 }
 
@@ -24,29 +24,30 @@ void tOutputStage::Pairs(const tPrioritizedString& text, const tPlaceValues& val
   // One record's value texts share their values, handed in once per text.
   if (PairValues.empty() || std::memcmp(&PairValues.back(), &values, sizeof values) != 0)
     PairValues.push_back(values);
-  Blocks.back().Records.push_back(
-      tRecord{&text, static_cast<int>(PairValues.size()) - 1, end0, end1});
+  Records.push_back(tRecord{&text, static_cast<int>(PairValues.size()) - 1, end0, end1});
   Total += static_cast<long long>(end0) * end1;
 }
 
 // Records arrive in the order of generation, so sorting them by priority with
 // ties kept in that order places them as ToSorted places each text.
-void tOutputStage::Order(std::deque<tRecord>& records) {
+void tOutputStage::Order(const tBlock& block) {
   auto lower = [](const tRecord& a, const tRecord& b) {
     return a.Text->Priority < b.Text->Priority;
   };
-  if (!std::is_sorted(records.begin(), records.end(), lower))
-    std::stable_sort(records.begin(), records.end(), lower);
+  std::deque<tRecord>::iterator first = Records.begin() + block.First;
+  std::deque<tRecord>::iterator last = Records.begin() + block.Last;
+  if (!std::is_sorted(first, last, lower)) std::stable_sort(first, last, lower);
 }
 
 int tOutputStage::Expand(DListOfDListtClauseData& sets) {
   int count = sets.Size();
   for (int i = 0; i < count; ++i) {
     DListtClauseData* set = static_cast<DListtClauseData*>(sets[i]);
-    Blocks.push_back(tBlock{{}, i == 0 ? nullptr : &set->Name(nullptr)});
+    Blocks.push_back(tBlock{Records.size(), 0, i == 0 ? nullptr : &set->Name(nullptr)});
     int result = set->WriteFilter(*this, &Progress, i * 90 / count, (i + 1) * 90 / count);
     if (result < 0) return result;
-    Order(Blocks.back().Records);
+    Blocks.back().Last = Records.size();
+    Order(Blocks.back());
   }
   return 0;
 }
@@ -56,27 +57,25 @@ int tOutputStage::Expand(DListOfDListtClauseData& sets) {
 // FirstLabel, which keeps the whole in order.
 int tOutputStage::Write(FILE* out, const char* shownName) {
   if (Blocks.empty()) return 0;
-  const std::deque<tRecord>& main = Blocks[0].Records;
-  size_t split = std::upper_bound(main.begin(), main.end(), Frame.FirstLabel,
-                                  [](int firstLabel, const tRecord& r) {
-                                    return firstLabel < r.Text->Priority;
-                                  }) -
-                 main.begin();
-  int result = WriteRecords(main, 0, split, nullptr, out, shownName);
-  for (size_t i = 1; i < Blocks.size() && result >= 0; ++i) {
-    const std::deque<tRecord>& records = Blocks[i].Records;
-    result = WriteRecords(records, 0, records.size(), Blocks[i].Label, out, shownName);
-  }
-  if (result >= 0) result = WriteRecords(main, split, main.size(), nullptr, out, shownName);
+  const tBlock& main = Blocks[0];
+  size_t split =
+      std::upper_bound(
+          Records.begin() + main.First, Records.begin() + main.Last, Frame.FirstLabel,
+          [](int firstLabel, const tRecord& r) { return firstLabel < r.Text->Priority; }) -
+      Records.begin();
+  int result = WriteRecords(main.First, split, nullptr, out, shownName);
+  for (size_t i = 1; i < Blocks.size() && result >= 0; ++i)
+    result = WriteRecords(Blocks[i].First, Blocks[i].Last, Blocks[i].Label, out, shownName);
+  if (result >= 0) result = WriteRecords(split, main.Last, nullptr, out, shownName);
   return result;
 }
 
-int tOutputStage::WriteRecords(const std::deque<tRecord>& records, size_t first, size_t last,
-                               const String* label, FILE* out, const char* shownName) {
+int tOutputStage::WriteRecords(size_t first, size_t last, const String* label, FILE* out,
+                               const char* shownName) {
   tPlaceFill fill;
   fill.With[tPlaceFill::Label] = label;
   for (size_t r = first; r < last; ++r) {
-    const tRecord& record = records[r];
+    const tRecord& record = Records[r];
     const tPrioritizedString& text = *record.Text;
     if (record.Values < 0) {
       if (label) {

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <deque>
 #include <string>
+#include <vector>
 
 #include "rules/progress.h"
 #include "rules/substit.h"
@@ -54,10 +55,11 @@ class tOutputStage : public tTextSink {
     int End0;
     int End1;
   };
-  // The records of one data set and the name that fills ${L} (null for the
-  // main data set).
+  // The records of one data set, First to Last - 1 in Records, and the name
+  // that fills ${L} (null for the main data set).
   struct tBlock {
-    std::deque<tRecord> Records;
+    size_t First;
+    size_t Last;
     const String* Label;
   };
 
@@ -65,14 +67,15 @@ class tOutputStage : public tTextSink {
   tProgress& Progress;
   tSubstitutions Substitutions;
   std::deque<tPlaceValues> PairValues;
-  std::deque<tBlock> Blocks;
+  std::deque<tRecord> Records;
+  std::vector<tBlock> Blocks;
   std::string Line;
   long long Total;
   long long Written;
 
-  void Order(std::deque<tRecord>& records);
-  int WriteRecords(const std::deque<tRecord>& records, size_t first, size_t last,
-                   const String* label, FILE* out, const char* shownName);
+  void Order(const tBlock& block);
+  int WriteRecords(size_t first, size_t last, const String* label, FILE* out,
+                   const char* shownName);
   int WriteLine(FILE* out, const char* shownName);
 };
 

@@ -5,6 +5,8 @@
 #include <random>
 #include <string>
 
+#include "rules/fill.h"
+
 namespace {
 
 // Names, values and texts over small alphabets, so that names overlap, nest,
@@ -55,6 +57,37 @@ TEST(Substitutions, AgreeWithEveryPairAppliedInTurn) {
     }
   }
   EXPECT_GT(changed, 10000);
+}
+
+// Texts and values over the letters of the places, so that values hold
+// places, and filling one place completes another around it.
+TEST(Fill, OnePassAgreesWithOneReplaceAllPerPlace) {
+  std::mt19937 random(9);
+  const std::string letters = "${}01RLx";
+  auto word = [&](size_t max) {
+    std::string w(random() % (max + 1), 'a');
+    for (char& c : w) c = letters[random() % letters.size()];
+    return w;
+  };
+  const char* places[] = {"${0}", "${1}", "${0R}", "${1R}", "${L}"};
+  int checked = 0;
+  for (int round = 0; round < 20000; ++round) {
+    std::string text;
+    for (int k = random() % 6; k > 0; --k) text += word(3) + places[random() % 5];
+    String values[tPlaceFill::Places];
+    tPlaceFill fill;
+    for (int place = 0; place < tPlaceFill::Places; ++place) {
+      values[place] = word(5).c_str();
+      if (random() % 4) fill.With[place] = &values[place];
+    }
+    String expected = FillStepByStep(String(text.c_str()), fill);
+    std::string out;
+    Fill(String(text.c_str()), fill, out);
+    SCOPED_TRACE(text);
+    ASSERT_EQ(out, expected.Text());
+    checked += text.find('$') != std::string::npos && out.find("${") != std::string::npos;
+  }
+  EXPECT_GT(checked, 1000);  // results the one pass must check
 }
 
 }  // namespace
