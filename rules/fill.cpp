@@ -39,34 +39,49 @@ String FillStepByStep(const String& text, const tPlaceFill& fill) {
   return made;
 }
 
+tFillPlan::tFillPlan(const String& text) : Text(text), Chars(text.Text()) {
+  const char* p = Chars;
+  const char* end = p + text.Length();
+  const char* piece = p;
+  while (const char* at = static_cast<const char*>(std::memchr(p, '$', end - p))) {
+    int place = PlaceAt(at, end);
+    p = at + 1;
+    if (place < 0) continue;
+    Pieces.push_back(tPiece{static_cast<int>(piece - Chars), static_cast<int>(at - piece), place});
+    piece = p = at + kPlaceLength[place];
+  }
+  Pieces.push_back(tPiece{static_cast<int>(piece - Chars), static_cast<int>(end - piece), -1});
+}
+
 // Places begin with "${" and end with "}" and hold neither inside, so no two
 // occurrences of them overlap. An occurrence that the step-by-step method
 // would find besides the text's own places therefore lies clear of every place
 // filled after it and reaches the one-pass result unchanged. So when that
 // result holds no filled place, and certainly when it holds no '$' at all, the
 // two methods agree; otherwise the text is made step by step.
-void Fill(const String& text, const tPlaceFill& fill, std::string& out) {
+void tFillPlan::Fill(const tPlaceFill& fill, std::string& out) const {
   out.clear();
-  const char* p = text.Text();
-  const char* end = p + text.Length();
   bool dollar = false;
-  while (const char* at = static_cast<const char*>(std::memchr(p, '$', end - p))) {
-    out.append(p, at - p);
-    int place = PlaceAt(at, end);
-    if (place >= 0 && fill.With[place]) {
-      const String& value = *fill.With[place];
-      out.append(value.Text(), value.Length());
-      dollar = dollar || std::memchr(value.Text(), '$', value.Length());
-      p = at + kPlaceLength[place];
+  for (const tPiece& piece : Pieces) {
+    const char* literal = Chars + piece.Start;
+    out.append(literal, piece.Length);
+    dollar = dollar || std::memchr(literal, '$', piece.Length);
+    if (piece.Place < 0) break;
+    if (const String* value = fill.With[piece.Place]) {
+      int length = value->Length();
+      out.append(value->Text(), length);
+      dollar = dollar || std::memchr(value->Text(), '$', length);
     } else {
-      out.push_back('$');
+      out.append(kPlaceText[piece.Place], kPlaceLength[piece.Place]);
       dollar = true;
-      p = at + 1;
     }
   }
-  out.append(p, end - p);
   if (dollar && HoldsFilledPlace(out.data(), out.size(), fill)) {
-    String made = FillStepByStep(text, fill);
+    String made = FillStepByStep(Text, fill);
     out.assign(made.Text(), made.Length());
   }
+}
+
+void Fill(const String& text, const tPlaceFill& fill, std::string& out) {
+  tFillPlan(text).Fill(fill, out);
 }

@@ -2,6 +2,7 @@
 #define RULEFORGE_RULES_FILL_H
 
 #include <string>
+#include <vector>
 
 #include "text/str.h"
 
@@ -17,8 +18,29 @@ struct tPlaceFill {
 // text, so a later place also sees what an earlier value brought in.
 String FillStepByStep(const String& text, const tPlaceFill& fill);
 
-// The same text as FillStepByStep, written to out in one pass over text
-// wherever that gives the same result, and made step by step where not.
+// A text split once at its places, to be filled many times: Fill writes the
+// same text as FillStepByStep to out, in one pass over the pieces wherever
+// that gives the same result, and made step by step where not. Refers to the
+// text, which must outlive it and stay unchanged.
+class tFillPlan {
+ public:
+  explicit tFillPlan(const String& text);
+  void Fill(const tPlaceFill& fill, std::string& out) const;
+
+ private:
+  // Length bytes of the text from Start on as they stand, then the place
+  // Place (-1 after the last piece).
+  struct tPiece {
+    int Start;
+    int Length;
+    int Place;
+  };
+  const String& Text;
+  const char* Chars;
+  std::vector<tPiece> Pieces;
+};
+
+// tFillPlan(text).Fill(fill, out), for a text filled once.
 void Fill(const String& text, const tPlaceFill& fill, std::string& out);
 
 #endif

@@ -88,8 +88,9 @@ int tOutputStage::WriteRecords(size_t first, size_t last, const String* label, F
       continue;
     }
     tPairFill pairs(PairValues[record.Values], Resolved, record.End0, record.End1);
+    tFillPlan plan(text);
     while (pairs.Next(fill)) {
-      Fill(text, fill, Line);
+      plan.Fill(fill, Line);
       int result = WriteLine(out, shownName);
       if (result < 0) return result;
     }
