@@ -39,7 +39,10 @@ String FillStepByStep(const String& text, const tPlaceFill& fill) {
   return made;
 }
 
-tFillPlan::tFillPlan(const String& text) : Text(text), Chars(text.Text()) {
+void tFillPlan::Split(const String& text) {
+  Text = &text;
+  Chars = text.Text();
+  Pieces.clear();
   const char* p = Chars;
   const char* end = p + text.Length();
   const char* piece = p;
@@ -77,7 +80,7 @@ void tFillPlan::Fill(const tPlaceFill& fill, std::string& out) const {
     }
   }
   if (dollar && HoldsFilledPlace(out.data(), out.size(), fill)) {
-    String made = FillStepByStep(Text, fill);
+    String made = FillStepByStep(*Text, fill);
     out.assign(made.Text(), made.Length());
   }
 }

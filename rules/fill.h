@@ -21,10 +21,13 @@ String FillStepByStep(const String& text, const tPlaceFill& fill);
 // A text split once at its places, to be filled many times: Fill writes the
 // same text as FillStepByStep to out, in one pass over the pieces wherever
 // that gives the same result, and made step by step where not. Refers to the
-// text, which must outlive it and stay unchanged.
+// text, which must outlive its use and stay unchanged; Split starts over with
+// another text.
 class tFillPlan {
  public:
-  explicit tFillPlan(const String& text);
+  tFillPlan() : Text(nullptr), Chars(nullptr) {}
+  explicit tFillPlan(const String& text) { Split(text); }
+  void Split(const String& text);
   void Fill(const tPlaceFill& fill, std::string& out) const;
 
  private:
@@ -35,7 +38,7 @@ class tFillPlan {
     int Length;
     int Place;
   };
-  const String& Text;
+  const String* Text;
   const char* Chars;
   std::vector<tPiece> Pieces;
 };

@@ -15,7 +15,7 @@ tOutputStage::tOutputStage(const tOutputFrame& frame, tProgress& progress)
       Written(0) {}
 
 void tOutputStage::Single(const tPrioritizedString& text) {
-  Records.push_back(tRecord{&text, -1, 1, 1});
+  Records.push_back(tRecord{&text, text.Priority, -1, 1, 1});
   ++Total;
 }
 
@@ -24,16 +24,15 @@ void tOutputStage::Pairs(const tPrioritizedString& text, const tPlaceValues& val
   // One record's value texts share their values, handed in once per text.
   if (PairValues.empty() || std::memcmp(&PairValues.back(), &values, sizeof values) != 0)
     PairValues.push_back(values);
-  Records.push_back(tRecord{&text, static_cast<int>(PairValues.size()) - 1, end0, end1});
+  Records.push_back(
+      tRecord{&text, text.Priority, static_cast<int>(PairValues.size()) - 1, end0, end1});
   Total += static_cast<long long>(end0) * end1;
 }
 
 // Records arrive in the order of generation, so sorting them by priority with
 // ties kept in that order places them as ToSorted places each text.
 void tOutputStage::Order(const tBlock& block) {
-  auto lower = [](const tRecord& a, const tRecord& b) {
-    return a.Text->Priority < b.Text->Priority;
-  };
+  auto lower = [](const tRecord& a, const tRecord& b) { return a.Priority < b.Priority; };
   std::deque<tRecord>::iterator first = Records.begin() + block.First;
   std::deque<tRecord>::iterator last = Records.begin() + block.Last;
   if (!std::is_sorted(first, last, lower)) std::stable_sort(first, last, lower);
@@ -59,9 +58,8 @@ int tOutputStage::Write(FILE* out, const char* shownName) {
   if (Blocks.empty()) return 0;
   const tBlock& main = Blocks[0];
   size_t split =
-      std::upper_bound(
-          Records.begin() + main.First, Records.begin() + main.Last, Frame.FirstLabel,
-          [](int firstLabel, const tRecord& r) { return firstLabel < r.Text->Priority; }) -
+      std::upper_bound(Records.begin() + main.First, Records.begin() + main.Last, Frame.FirstLabel,
+                       [](int firstLabel, const tRecord& r) { return firstLabel < r.Priority; }) -
       Records.begin();
   int result = WriteRecords(main.First, split, nullptr, out, shownName);
   for (size_t i = 1; i < Blocks.size() && result >= 0; ++i)
@@ -79,7 +77,8 @@ int tOutputStage::WriteRecords(size_t first, size_t last, const String* label, F
     const tPrioritizedString& text = *record.Text;
     if (record.Values < 0) {
       if (label) {
-        Fill(text, fill, Line);
+        Plan.Split(text);
+        Plan.Fill(fill, Line);
       } else {
         Line.assign(text.Text(), text.Length());
       }
@@ -88,9 +87,9 @@ int tOutputStage::WriteRecords(size_t first, size_t last, const String* label, F
       continue;
     }
     tPairFill pairs(PairValues[record.Values], Resolved, record.End0, record.End1);
-    tFillPlan plan(text);
+    Plan.Split(text);
     while (pairs.Next(fill)) {
-      plan.Fill(fill, Line);
+      Plan.Fill(fill, Line);
       int result = WriteLine(out, shownName);
       if (result < 0) return result;
     }

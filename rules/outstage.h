@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "rules/fill.h"
 #include "rules/progress.h"
 #include "rules/substit.h"
 #include "rules/textsink.h"
@@ -51,6 +52,7 @@ class tOutputStage : public tTextSink {
   // together. Values is an index into PairValues, or -1 for a single text.
   struct tRecord {
     const tPrioritizedString* Text;
+    int Priority;
     int Values;
     int End0;
     int End1;
@@ -70,6 +72,7 @@ class tOutputStage : public tTextSink {
   std::deque<tRecord> Records;
   std::vector<tBlock> Blocks;
   std::string Line;
+  tFillPlan Plan;
   long long Total;
   long long Written;
 

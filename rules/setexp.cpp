@@ -1,4 +1,7 @@
 #include "rules/clauslst.h"
+
+#include <string>
+
 #include "rules/textsink.h"
 
 namespace {
@@ -29,10 +32,12 @@ int DListtClauseData::WriteFilter(tTextSink& out, tProgress* progress, int from,
   int answer = 0;
   int n = Size();
   int i = 0;
+  std::string text;
   for (tClauseData* record : Walk<tClauseData>(*this)) {
-    String text = SetName + " : " + record->Template->Name;
+    text.assign(SetName.Text(), SetName.Length()).append(" : ");
+    text.append(record->Template->Name.Text(), record->Template->Name.Length());
     int percent = from + static_cast<int>((static_cast<long long>(to - from) * i) / n);
-    answer = progress->Report(text.Text(), percent);
+    answer = progress->Report(text.c_str(), percent);
     if (answer < 0) break;
     answer = record->WriteFilter(out);
     if (answer < 0) break;
