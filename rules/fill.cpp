@@ -84,7 +84,3 @@ void tFillPlan::Fill(const tPlaceFill& fill, std::string& out) const {
     out.assign(made.Text(), made.Length());
   }
 }
-
-void Fill(const String& text, const tPlaceFill& fill, std::string& out) {
-  tFillPlan(text).Fill(fill, out);
-}

@@ -43,7 +43,4 @@ class tFillPlan {
   std::vector<tPiece> Pieces;
 };
 
-// tFillPlan(text).Fill(fill, out), for a text filled once.
-void Fill(const String& text, const tPlaceFill& fill, std::string& out);
-
 #endif

@@ -80,9 +80,10 @@ TEST(Fill, OnePassAgreesWithOneReplaceAllPerPlace) {
       values[place] = word(5).c_str();
       if (random() % 4) fill.With[place] = &values[place];
     }
-    String expected = FillStepByStep(String(text.c_str()), fill);
+    String whole(text.c_str());
+    String expected = FillStepByStep(whole, fill);
     std::string out;
-    Fill(String(text.c_str()), fill, out);
+    tFillPlan(whole).Fill(fill, out);
     SCOPED_TRACE(text);
     ASSERT_EQ(out, expected.Text());
     checked += text.find('$') != std::string::npos && out.find("${") != std::string::npos;
