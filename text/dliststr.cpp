@@ -91,6 +91,8 @@ void tString::operator delete(void* p, size_t size) {
 
 tString::tString() {}
 
+tString::tString(const char* s) : String(s) {}
+
 tString::tString(const String& s) : String(s) {}
 
 tString::tString(const tString& o) : String(o), tObject() {}
@@ -147,11 +149,14 @@ void DListtString::FromString(const char* text, const char* separators, const ch
     size_t end = i;
     while (end < n && !isSeparator.Has(text[end])) ++end;
     if (end < n) ++end;
-    piece.clear();
+    piece.resize(end - i);
+    size_t kept = 0;
     for (; i < end; ++i) {
-      if (!isStripped.Has(text[i])) piece += text[i];
+      piece[kept] = text[i];
+      kept += !isStripped.Has(text[i]);
     }
-    ToTail(new tString(String(piece.c_str())));
+    piece.resize(kept);
+    ToTail(new tString(piece.c_str()));
   }
 }
 

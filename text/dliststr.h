@@ -18,6 +18,7 @@ class tString : public String, public tObject {
   static void operator delete(void* p, size_t size);
 
   tString();
+  tString(const char* s);
   tString(const String& s);
   tString(const tString& o);
   int Greater(tObject* other) override;
