@@ -70,15 +70,16 @@ int tOutputStage::Write(FILE* out, const char* shownName) {
 
 int tOutputStage::WriteRecords(size_t first, size_t last, const String* label, FILE* out,
                                const char* shownName) {
-  tPlaceFill fill;
-  fill.With[tPlaceFill::Label] = label;
+  // Single texts get the label place only; value texts get their pairs too.
+  tPlaceFill labelOnly;
+  labelOnly.With[tPlaceFill::Label] = label;
   for (size_t r = first; r < last; ++r) {
     const tRecord& record = Records[r];
     const tPrioritizedString& text = *record.Text;
     if (record.Values < 0) {
       if (label) {
         Plan.Split(text);
-        Plan.Fill(fill, Line);
+        Plan.Fill(labelOnly, Line);
       } else {
         Line.assign(text.Text(), text.Length());
       }
@@ -87,6 +88,7 @@ int tOutputStage::WriteRecords(size_t first, size_t last, const String* label, F
       continue;
     }
     tPairFill pairs(PairValues[record.Values], Resolved, record.End0, record.End1);
+    tPlaceFill fill = labelOnly;
     Plan.Split(text);
     while (pairs.Next(fill)) {
       Plan.Fill(fill, Line);
