@@ -11,6 +11,7 @@
 #include "app/common.h"
 #include "app/filterd.h"
 #include "fuzz/fuzz_support.h"
+#include "text/replace.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ResetRun();
@@ -36,13 +37,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                                     progress);
     });
     FUZZ_CHECK(result >= 0 && error == 0);
+    // Where the rescans' budget for a run ran out, which texts it cut off
+    // depends on the order the texts are made in, which differs.
+    bool spent = ReplacementBudgetLeft() <= 0;
+    RestartReplacementBudget();
     tFilterData again(templateFile.Name(), 0);
     again.ReadData(dataFile.Name());
     std::string plain =
         "## End of parseable section ---------------------------------------------\n\n" +
         PlainFilterText(again);
-    FUZZ_CHECK(out.size() >= plain.size() &&
-               out.compare(out.size() - plain.size(), plain.size(), plain) == 0);
+    spent = spent || ReplacementBudgetLeft() <= 0;
+    FUZZ_CHECK(spent || (out.size() >= plain.size() &&
+                         out.compare(out.size() - plain.size(), plain.size(), plain) == 0));
   }
   return 0;
 }

@@ -5,6 +5,7 @@
 #include "app/common.h"
 #include "app/filterd.h"
 #include "rules/clauslst.h"
+#include "text/replace.h"
 
 namespace {
 
@@ -65,7 +66,10 @@ long long OutputTextBound(tFilterData& doc) {
   return texts;
 }
 
-void ResetRun() { error = 0; }
+void ResetRun() {
+  error = 0;
+  RestartReplacementBudget();
+}
 
 void FuzzFail(const char* file, int line, const char* what) {
   std::fprintf(stderr, "%s:%d: property failed: %s\n", file, line, what);

@@ -36,7 +36,8 @@ const long long kMaxOutputTexts = 200000;
 // doc's records, as writing does.
 std::string PlainFilterText(tFilterData& doc);
 
-// Resets the library's global state before an input runs: the last error code.
+// Resets the library's global state before an input runs: the last error code
+// and the replacements the rescans may make.
 void ResetRun();
 
 [[noreturn]] void FuzzFail(const char* file, int line, const char* what);

@@ -11,4 +11,10 @@
 bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const char* to, int t,
                      std::string& out);
 
+// The replacements left to the rescans of the run, which all texts share, and
+// a fresh budget for a program that makes several independent runs in one
+// process.
+long long ReplacementBudgetLeft();
+void RestartReplacementBudget();
+
 #endif

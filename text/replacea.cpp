@@ -147,6 +147,10 @@ bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const cha
   return true;
 }
 
+long long ReplacementBudgetLeft() { return RunReplacementsLeft; }
+
+void RestartReplacementBudget() { RunReplacementsLeft = kRunReplacements; }
+
 String& String::ReplaceAll(const char* from, const char* to) {
   if (!from || !*from) return *this;
   if (!to) to = "";
