@@ -160,15 +160,23 @@ void DListtString::FromString(const char* text, const char* separators, const ch
   }
 }
 
+// Joins in a buffer sized once instead of growing the text element by element;
+// the cursor ends where the step-by-step walk leaves it, past the tail.
 String DListtString::ToString(const char* separator, int trailing) {
-  String joined;
   GotoHead();
-  while (tString* s = Current()) {
-    joined += *s;
-    Next();
-    if (Current() || trailing) joined += separator;
+  if (!Cursor) return String();
+  const size_t gap = std::strlen(separator);
+  size_t length = 0;
+  for (const tString* s : Walk<const tString>(*this)) length += s->Length() + gap;
+  std::string joined;
+  joined.reserve(length);
+  for (const tString* s : Walk<const tString>(*this)) {
+    joined.append(s->Text(), s->Length());
+    if (s != LastLink()->Object || trailing) joined.append(separator, gap);
   }
-  return joined;
+  Cursor = nullptr;
+  PastEnd = 1;
+  return String(joined.c_str());
 }
 
 DListtString::~DListtString() { Clear(); }
