@@ -1,6 +1,8 @@
 #include "rules/clause.h"
 
 #include <deque>
+#include <string>
+#include <unordered_map>
 
 #include "resolve/dnsresol.h"
 #include "rules/textsink.h"
@@ -11,9 +13,12 @@ namespace {
 // address, other wildcards become zeros, and host names become addresses when
 // resolution is on. Empty entries get no resolved form and are taken out of
 // values as well, so entry n of resolved still belongs to entry n of values.
-// The resolved forms are appended to resolved.
+// The resolved forms are appended to resolved; equal ones share one text, as
+// a long list of a few names would otherwise keep a copy per entry until the
+// output is written.
 void Resolve(DListtString& values, std::deque<String>& resolved, int stripBlanks) {
   static const String anyAddress("0;0");
+  std::unordered_map<std::string, String> shared;
   values.GotoHead();
   while (tString* entry = values.Current()) {
     String copy = stripBlanks ? entry->Strip(" \t\n\r") : String(*entry);
@@ -27,7 +32,7 @@ void Resolve(DListtString& values, std::deque<String>& resolved, int stripBlanks
       copy.ReplaceAll("*", "0");
       if (Resolver) copy = Resolver->Lookup(copy);
     }
-    resolved.push_back(copy);
+    resolved.push_back(shared.emplace(copy.Text(), copy).first->second);
     values.Next();
   }
 }
