@@ -60,26 +60,20 @@ void tFillPlan::Split(const String& text) {
 // occurrences of them overlap. An occurrence that the step-by-step method
 // would find besides the text's own places therefore lies clear of every place
 // filled after it and reaches the one-pass result unchanged. So when that
-// result holds no filled place, and certainly when it holds no '$' at all, the
-// two methods agree; otherwise the text is made step by step.
+// result holds no filled place the two methods agree; otherwise the text is
+// made step by step.
 void tFillPlan::Fill(const tPlaceFill& fill, std::string& out) const {
   out.clear();
-  bool dollar = false;
   for (const tPiece& piece : Pieces) {
-    const char* literal = Chars + piece.Start;
-    out.append(literal, piece.Length);
-    dollar = dollar || std::memchr(literal, '$', piece.Length);
+    out.append(Chars + piece.Start, piece.Length);
     if (piece.Place < 0) break;
     if (const String* value = fill.With[piece.Place]) {
-      int length = value->Length();
-      out.append(value->Text(), length);
-      dollar = dollar || std::memchr(value->Text(), '$', length);
+      out.append(value->Text(), value->Length());
     } else {
       out.append(kPlaceText[piece.Place], kPlaceLength[piece.Place]);
-      dollar = true;
     }
   }
-  if (dollar && HoldsFilledPlace(out.data(), out.size(), fill)) {
+  if (HoldsFilledPlace(out.data(), out.size(), fill)) {
     String made = FillStepByStep(*Text, fill);
     out.assign(made.Text(), made.Length());
   }
