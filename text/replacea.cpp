@@ -1,10 +1,10 @@
 #include "text/str.h"
 
 #include <cstring>
-#include <new>
 #include <string>
 #include <vector>
 
+#include "text/nomem.h"
 #include "text/replace.h"
 #include "text/strblock.h"
 
@@ -123,7 +123,7 @@ bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const cha
     // Usually no replacement brings a new occurrence about, and the single
     // pass is the rescan's result.
     if (ReplaceChecked(text, n, at, from, m, to, t, out)) {
-      if (out.size() > static_cast<size_t>(MaxLength)) throw std::bad_alloc();
+      if (out.size() > static_cast<size_t>(MaxLength)) AllocationFailed();
       return true;
     }
     // The rescan can also run forever without that (replacing "ab" by "bbaa"
@@ -143,7 +143,7 @@ bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const cha
     RunReplacementsLeft -= used < cap ? used : cap;
   }
   if (!rescanned) out = ReplaceOnce(text, n, from, m, to, t);
-  if (out.size() > static_cast<size_t>(MaxLength)) throw std::bad_alloc();
+  if (out.size() > static_cast<size_t>(MaxLength)) AllocationFailed();
   return true;
 }
 
