@@ -63,15 +63,25 @@ void tFillPlan::Split(const String& text) {
 // result holds no filled place the two methods agree; otherwise the text is
 // made step by step.
 void tFillPlan::Fill(const tPlaceFill& fill, std::string& out) const {
-  out.clear();
+  // The length first, so that the pieces are copied into place in one go.
+  size_t length = 0;
   for (const tPiece& piece : Pieces) {
-    out.append(Chars + piece.Start, piece.Length);
+    length += piece.Length;
     if (piece.Place < 0) break;
-    if (const String* value = fill.With[piece.Place]) {
-      out.append(value->Text(), value->Length());
-    } else {
-      out.append(kPlaceText[piece.Place], kPlaceLength[piece.Place]);
-    }
+    const String* value = fill.With[piece.Place];
+    length += value ? value->Length() : kPlaceLength[piece.Place];
+  }
+  out.resize(length);
+  char* put = &out[0];
+  for (const tPiece& piece : Pieces) {
+    std::memcpy(put, Chars + piece.Start, piece.Length);
+    put += piece.Length;
+    if (piece.Place < 0) break;
+    const String* value = fill.With[piece.Place];
+    const char* from = value ? value->Text() : kPlaceText[piece.Place];
+    size_t n = value ? value->Length() : kPlaceLength[piece.Place];
+    std::memcpy(put, from, n);
+    put += n;
   }
   if (HoldsFilledPlace(out.data(), out.size(), fill)) {
     String made = FillStepByStep(*Text, fill);
