@@ -4,6 +4,7 @@
 
 #include "rules/substit.h"
 #include "text/dliststr.h"
+#include "text/replace.h"
 #include "text/str.h"
 
 namespace {
@@ -31,6 +32,20 @@ void BM_ReplaceCascade(benchmark::State& state) {
   state.SetComplexityN(state.range(0));
 }
 BENCHMARK(BM_ReplaceCascade)->Range(1 << 8, 1 << 16)->Complexity();
+
+// A run of texts whose cascade never ends: the cap on replacements holds for
+// the whole run, so the texts after the first few cost a single pass each.
+void BM_DivergingCascadesInOneRun(benchmark::State& state) {
+  for (auto _ : state) {
+    RestartReplacementBudget();
+    for (int i = 0; i < state.range(0); ++i) {
+      String made("xaab");
+      made.ReplaceAll("ab", "bbaa");
+      benchmark::DoNotOptimize(made.Text());
+    }
+  }
+}
+BENCHMARK(BM_DivergingCascadesInOneRun)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 void BM_Append(benchmark::State& state) {
   for (auto _ : state) {

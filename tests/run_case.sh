@@ -2,9 +2,11 @@
 # Runs one end-to-end case: a folder holding the command-line words (args, one
 # per line), any input files, standard input (stdin; /dev/null when absent) and
 # the expected standard output, standard error and exit status (stdout, stderr,
-# status). Optional: dump (the expected /tmp/template.dmp), stdout-to (a path
-# that standard output goes to instead, e.g. /dev/full), closed-stdin (run with
-# standard input closed), closed-stdout (run with standard output closed),
+# status); a symbolic link in the folder is copied as the file it points to, so
+# a case can use the project's own files (examples/). Optional: dump (the
+# expected /tmp/template.dmp), stdout-to (a path that standard output goes to
+# instead, e.g. /dev/full), closed-stdin (run with standard input closed),
+# closed-stdout (run with standard output closed),
 # setup (an executable run in the work folder before the run, to make inputs
 # and expected files too large to check in), no-memcheck (not run under
 # valgrind), no-sanitize (not run in a sanitizer build), no-dump (no
@@ -27,7 +29,7 @@ set -u
 bindir=$1 case=$2
 work=$(realpath "$(mktemp -d)")
 trap 'rm -rf "$work"' EXIT
-cp -r "$case"/. "$work"/
+cp -rL "$case"/. "$work"/
 cd "$work" || exit 2
 export PATH="$bindir:$PATH"
 
