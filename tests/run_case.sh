@@ -16,6 +16,9 @@
 # files left there; it fails the case by exiting non-zero), needs (shell
 # commands, one a line, that must succeed for the case to run, e.g. a tool or
 # the right to mount: when one fails the case is skipped with exit status 77),
+# dns (a delay in milliseconds: the run happens in a network namespace of the
+# case's own whose DNS server, tests/dns/server.py, answers after that delay and
+# logs every query to the file queries; skipped where namespaces are missing),
 # faults (the value of RULEFORGE_FAULTS for the fault shim ruleforge_faults.so,
 # which the run then preloads; see tests/fault_shim.cpp). In args, @WORK@
 # stands for the work folder's absolute path. RULEFORGE_WRAPPER, when set, is
@@ -26,7 +29,7 @@
 # folders and other users of the fixed dump path wait for each other.
 # Usage: run_case.sh <dir of the programs> <case dir>
 set -u
-bindir=$1 case=$2
+bindir=$1 case=$2 here=$(cd "$(dirname "$0")" && pwd)
 work=$(realpath "$(mktemp -d)")
 trap 'rm -rf "$work"' EXIT
 cp -rL "$case"/. "$work"/
@@ -39,9 +42,17 @@ if [ -f needs ]; then
   done <needs
 fi
 preload=()
+if [ -f dns ]; then
+  source "$here/dns/netns.sh"
+  trap 'dns_down; rm -rf "$work"' EXIT
+  dns_up "$(cat dns)" "$work/queries"
+  up=$?
+  [ $up = 0 ] || exit $up
+  preload=(ip netns exec "$dns_ns")
+fi
 if [ -f faults ]; then
   # The sanitizers' runtime wants to be the first library; the shim goes first.
-  preload=(env LD_PRELOAD="$bindir/ruleforge_faults.so" RULEFORGE_FAULTS="$(cat faults)"
+  preload+=(env LD_PRELOAD="$bindir/ruleforge_faults.so" RULEFORGE_FAULTS="$(cat faults)"
            ASAN_OPTIONS="${ASAN_OPTIONS:+$ASAN_OPTIONS:}verify_asan_link_order=0")
 fi
 args=()

@@ -1,6 +1,6 @@
-# Sourced by the lookup test and the benchmark: a network namespace of this
-# run's own, with its loopback up, its own resolv.conf naming 127.0.0.1 and the
-# DNS server of server.py listening there. /etc/hosts is left as it is, so
+# Sourced by tests/run_case.sh (a case's dns file) and the benchmark: a network
+# namespace of this run's own, with its loopback up, its own resolv.conf naming
+# 127.0.0.1 and the DNS server of server.py listening there. /etc/hosts is left as it is, so
 # localhost still resolves from it. Nothing is sent anywhere but that
 # namespace's loopback.
 #   dns_up DELAY_MS LOG_FILE   starts it all (returns 77 when namespaces are
