@@ -2,12 +2,9 @@
 // data can reach: variants with gaps, a companion template, label rules with
 // ${L}, substitutions (one whose value holds its own name, one with an empty
 // name), ${0R}/${1R}, wildcards and extreme priorities (fuzz/rich.tpl). The
-// data is read and the whole output written to memory.
+// data is read and the whole output written.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <string>
 
 #include "app/common.h"
@@ -31,19 +28,7 @@ bool Regenerate(const void* data, size_t size, std::string& output, tReadNotes* 
   // Only a missing head and an unknown clause stop a run at this point.
   FUZZ_CHECK(error == 0 || error == 4 || error == 6);
   if (error != 0 || OutputTextBound(doc) > kMaxOutputTexts) return false;
-  char* buffer = nullptr;
-  size_t length = 0;
-  FILE* out = open_memstream(&buffer, &length);
-  FUZZ_CHECK(out != nullptr);
-  tProgress progress;
-  int result = doc.DataSets.WriteTo(out, "",
-                                    tOutputFrame{doc.TemplateTitle.Text(), doc.FirstLabel,
-                                                 doc.SubstitutionNames, doc.SubstitutionValues},
-                                    progress);
-  std::fclose(out);
-  output.assign(buffer, length);
-  std::free(buffer);
-  FUZZ_CHECK(result >= 0 && error == 0);
+  FUZZ_CHECK(WriteOutput(doc, output) >= 0 && error == 0);
   return true;
 }
 

@@ -28,15 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FUZZ_CHECK(error == 0 || error == 4 || error == 6);
   }
   if (error == 0 && OutputTextBound(doc) <= kMaxOutputTexts) {
-    tProgress progress;
-    int result = -1;
-    std::string out = Captured([&](FILE* f) {
-      result = doc.DataSets.WriteTo(f, "",
-                                    tOutputFrame{doc.TemplateTitle.Text(), doc.FirstLabel,
-                                                 doc.SubstitutionNames, doc.SubstitutionValues},
-                                    progress);
-    });
-    FUZZ_CHECK(result >= 0 && error == 0);
+    std::string out;
+    FUZZ_CHECK(WriteOutput(doc, out) >= 0 && error == 0);
     // Where the rescans' budget for a run ran out, which texts it cut off
     // depends on the order the texts are made in, which differs.
     bool spent = ReplacementBudgetLeft() <= 0;

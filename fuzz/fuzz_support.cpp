@@ -47,10 +47,16 @@ std::string PlainFilterText(tFilterData& doc) {
   return text;
 }
 
-FILE* NullOutput() {
-  static FILE* null = std::fopen("/dev/null", "w");
-  FUZZ_CHECK(null != nullptr);
-  return null;
+int WriteOutput(tFilterData& doc, std::string& out) {
+  tProgress progress;
+  int result = -1;
+  out = Captured([&](FILE* f) {
+    result = doc.DataSets.WriteTo(f, "",
+                                  tOutputFrame{doc.TemplateTitle.Text(), doc.FirstLabel,
+                                               doc.SubstitutionNames, doc.SubstitutionValues},
+                                  progress);
+  });
+  return result;
 }
 
 long long OutputTextBound(tFilterData& doc) {

@@ -3,23 +3,19 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <string>
 
 #include "tests/testutil.h"
 
 // What the fuzz targets share: the library reads templates and data by file
-// name, so each input goes through a private temporary file (TempFile); output
-// goes to a null stream; and a failed property aborts, so that libFuzzer and
-// the replay driver both report it, whatever NDEBUG says.
+// name, so each input goes through a private temporary file (TempFile); and a
+// failed property aborts, so that libFuzzer and the replay driver both report
+// it, whatever NDEBUG says.
 
 // The bytes as a string, for a TempFile.
 inline std::string Bytes(const uint8_t* data, size_t size) {
   return std::string(reinterpret_cast<const char*>(data), size);
 }
-
-// /dev/null, opened once and kept for the life of the process.
-FILE* NullOutput();
 
 class tFilterData;
 
@@ -29,6 +25,10 @@ class tFilterData;
 // than report the time and memory they take.
 long long OutputTextBound(tFilterData& doc);
 const long long kMaxOutputTexts = 200000;
+
+// The whole output of doc's data as a run writes it, into out; returns what
+// writing returned.
+int WriteOutput(tFilterData& doc, std::string& out);
 
 // The filter text of doc's data made the plain way: every text made at once
 // into a DListtPrioritizedString, the label blocks spliced in, and ${L} and
