@@ -42,17 +42,17 @@ TEST(HostLookup, AnswerIsTheFirstIPv4AddressOfAnEntry) {
   }
 }
 
-// The cache lists are open to change from outside; answers follow them.
+// The cache lists are open to change from outside; answers follow a change of
+// either list alone.
 TEST(Resolver, CacheFollowsChangesOfItsLists) {
   tDNSResolver resolver;
   resolver.HostNames.ToTail(new tString("a.invalid"));
   resolver.HostAddresses.ToTail(new tString("10.0.0.1"));
   EXPECT_STREQ(resolver.Lookup("a.invalid;25").Text(), "10.0.0.1;25");
-  resolver.HostNames.Clear();
-  resolver.HostAddresses.Clear();
-  resolver.HostNames.ToTail(new tString("a.invalid"));
-  resolver.HostAddresses.ToTail(new tString("10.0.0.2"));
+  resolver.HostAddresses.ToHead(new tString("10.0.0.2"));
   EXPECT_STREQ(resolver.Lookup("a.invalid").Text(), "10.0.0.2");
+  resolver.HostNames.ToHead(new tString("b.invalid"));
+  EXPECT_STREQ(resolver.Lookup("a.invalid").Text(), "10.0.0.1");
 }
 
 // Reports nothing, like the silent sink, but is not it: the output then looks
