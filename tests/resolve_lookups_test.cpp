@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <netdb.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -69,11 +70,9 @@ TEST(Resolver, NamesFoundAheadAreTheOnesTheExpansionLooksUp) {
   std::vector<std::string> ahead;
   ForEachLookup(document.DataSets, [&](const String& text) {
     String host, suffix;
-    if (!tDNSResolver::HostPart(text, host, suffix)) return;
-    for (const std::string& known : ahead) {
-      if (known == host.Text()) return;
-    }
-    ahead.push_back(host.Text());
+    if (tDNSResolver::HostPart(text, host, suffix) &&
+        std::find(ahead.begin(), ahead.end(), host.Text()) == ahead.end())
+      ahead.push_back(host.Text());
   });
 
   Resolver = new tDNSResolver;
