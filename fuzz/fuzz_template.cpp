@@ -55,6 +55,13 @@ bool DumpReadsBackSame(const tFilterData& doc) {
   return RulesSafe(doc.MainRules) && RulesSafe(doc.LabelRules);
 }
 
+// The template dump of doc.
+std::string Dump(const tFilterData& doc) {
+  TempFile file;
+  doc.WriteTemplate(file.Name());
+  return Slurp(file.Name());
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -65,16 +72,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FUZZ_CHECK(error == 2);
     return 0;
   }
-  TempFile firstDump;
-  first.WriteTemplate(firstDump.Name());
+  std::string one = Dump(first);
   FUZZ_CHECK(error == 0);
-
+  TempFile firstDump(one);
   tFilterData second(firstDump.Name(), 0);
   FUZZ_CHECK(error == 0);
-  TempFile secondDump;
-  second.WriteTemplate(secondDump.Name());
-  std::string one = Slurp(firstDump.Name());
-  std::string two = Slurp(secondDump.Name());
+  std::string two = Dump(second);
 
   // A receiver of notes changes nothing of what is read, and the checks of
   // the template as read run on any template.
@@ -82,17 +85,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   tCheckNotes notes(findings);
   tFilterData noted(input.Name(), 0, &notes);
   CheckTemplate(noted, notes, findings);
-  TempFile notedDump;
-  noted.WriteTemplate(notedDump.Name());
-  FUZZ_CHECK(Slurp(notedDump.Name()) == one);
+  FUZZ_CHECK(Dump(noted) == one);
   if (DumpReadsBackSame(first)) FUZZ_CHECK(one == two);
 
+  TempFile secondDump(two);
   tFilterData third(secondDump.Name(), 0);
   FUZZ_CHECK(error == 0);
-  if (DumpReadsBackSame(second)) {
-    TempFile thirdDump;
-    third.WriteTemplate(thirdDump.Name());
-    FUZZ_CHECK(Slurp(thirdDump.Name()) == two);
-  }
+  if (DumpReadsBackSame(second)) FUZZ_CHECK(Dump(third) == two);
   return 0;
 }
