@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "text/slotpool.h"
 #include "text/strblock.h"
 
 namespace {
@@ -15,58 +16,6 @@ int Compare(const String& a, const String& b) {
   int order = std::memcmp(a.Text(), b.Text(), n);
   return order ? order : a.Length() - b.Length();
 }
-
-// Fixed-size slots carved from large chunks; a freed slot goes on a free list
-// for the next allocation. The chunks are returned when the pool is destroyed
-// at exit, unless a slot is still in use then.
-class tSlotPool {
- public:
-  explicit tSlotPool(size_t size) : Size(size), Free(nullptr), Left(0), Next(nullptr), Live(0) {}
-  tSlotPool(const tSlotPool&) = delete;
-  tSlotPool& operator=(const tSlotPool&) = delete;
-  ~tSlotPool() {
-    if (Live != 0) return;
-    for (char* chunk : Chunks) ::operator delete(chunk);
-  }
-
-  void* Take() {
-    ++Live;
-    if (Free) {
-      tFree* slot = Free;
-      Free = slot->Next;
-      return slot;
-    }
-    if (Left == 0) {
-      Chunks.reserve(Chunks.size() + 1);
-      Next = static_cast<char*>(::operator new(kSlots* Size));
-      Chunks.push_back(Next);
-      Left = kSlots;
-    }
-    void* slot = Next;
-    Next += Size;
-    --Left;
-    return slot;
-  }
-
-  void Give(void* p) {
-    --Live;
-    tFree* slot = static_cast<tFree*>(p);
-    slot->Next = Free;
-    Free = slot;
-  }
-
- private:
-  struct tFree {
-    tFree* Next;
-  };
-  static const size_t kSlots = 4096;
-  const size_t Size;
-  tFree* Free;
-  size_t Left;
-  char* Next;
-  long Live;
-  std::vector<char*> Chunks;
-};
 
 tSlotPool& StringSlots() {
   static tSlotPool pool(sizeof(tString));

@@ -1,9 +1,27 @@
 #include "text/str.h"
 
+#include <cstddef>
 #include <cstring>
 #include <new>
 
+#include "text/slotpool.h"
 #include "text/strblock.h"
+
+namespace {
+
+// Blocks of at most this many bytes (header, text and NUL) come from pools of
+// 16, 32, 48 and 64-byte slots: most texts of a run are short, and a slot costs
+// neither an allocator header nor an allocator call.
+const size_t kPooledBytes = 64;
+const size_t kPoolStep = 16;
+
+tSlotPool& BlockSlots(size_t bytes) {
+  static tSlotPool pools[kPooledBytes / kPoolStep] = {tSlotPool(16), tSlotPool(32), tSlotPool(48),
+                                                      tSlotPool(64)};
+  return pools[(bytes - 1) / kPoolStep];
+}
+
+}  // namespace
 
 String::String() { Block = NewBlock(nullptr, 0, 0); }
 
@@ -18,9 +36,34 @@ String::~String() {
   Block = nullptr;
 }
 
+// The one block of every text that is empty and has no room: a default String
+// and every empty copy share it, so they cost no allocation. Its holder count
+// stands at the maximum and never moves, so a change always gives the changed
+// string a block of its own, and Release never frees it.
+String::tBlock* String::SharedEmpty() {
+  struct tEmpty {
+    tBlock Header;
+    char Nul;
+  };
+  static_assert(offsetof(tEmpty, Nul) == sizeof(tBlock), "the NUL must follow the header");
+  static tEmpty empty = {{MaxRefs, 0, 0}, '\0'};
+  return &empty.Header;
+}
+
+// A block of a pooled size gets the whole slot as its room, so the Capacity
+// alone tells Release where the block came from.
 String::tBlock* String::NewBlock(const char* s, int n, int capacity) {
   if (n < 0 || capacity < n || capacity > MaxLength) AllocationFailed();
-  void* memory = ::operator new(sizeof(tBlock) + static_cast<size_t>(capacity) + 1);
+  if (capacity == 0) return SharedEmpty();
+  size_t bytes = sizeof(tBlock) + static_cast<size_t>(capacity) + 1;
+  void* memory;
+  if (bytes <= kPooledBytes) {
+    bytes = (bytes + kPoolStep - 1) / kPoolStep * kPoolStep;
+    memory = BlockSlots(bytes).Take();
+    capacity = static_cast<int>(bytes - sizeof(tBlock) - 1);
+  } else {
+    memory = ::operator new(bytes);
+  }
   tBlock* b = new (memory) tBlock{1, n, capacity};
   if (n > 0) std::memcpy(b->Chars(), s, n);
   b->Chars()[n] = '\0';
@@ -28,7 +71,13 @@ String::tBlock* String::NewBlock(const char* s, int n, int capacity) {
 }
 
 void String::Release(tBlock* b) {
-  if (b && --b->Refs == 0) ::operator delete(b);
+  if (!b || b == SharedEmpty() || --b->Refs != 0) return;
+  size_t bytes = sizeof(tBlock) + static_cast<size_t>(b->Capacity) + 1;
+  if (bytes <= kPooledBytes) {
+    BlockSlots(bytes).Give(b);
+  } else {
+    ::operator delete(b);
+  }
 }
 
 // Takes a reference before dropping the old block, so sharing with oneself is

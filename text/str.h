@@ -63,6 +63,7 @@ class String {
   String(tBlock* adopted, tAdopt);
 
   static tBlock* NewBlock(const char* s, int n, int capacity);
+  static tBlock* SharedEmpty();
   static void Release(tBlock* b);
   void Share(const String& other);
   void Unshare();

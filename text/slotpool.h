@@ -1,0 +1,70 @@
+#ifndef RULEFORGE_TEXT_SLOTPOOL_H
+#define RULEFORGE_TEXT_SLOTPOOL_H
+
+#include <cstddef>
+#include <new>
+#include <vector>
+
+// Fixed-size slots carved from large chunks; a freed slot goes on a free list
+// for the next allocation. Owns the chunks and returns them when it is
+// destroyed at exit, unless a slot is still in use then. The objects of a
+// large run (list links, short texts, list elements) come from pools like this
+// one: a slot costs no allocator header and taking or giving one back is a
+// few instructions, where the general allocator spends far more on each.
+class tSlotPool {
+ public:
+  explicit tSlotPool(size_t size)
+      : Size(size < sizeof(void*) ? sizeof(void*) : size),
+        Free(nullptr),
+        Left(0),
+        Next(nullptr),
+        Live(0) {}
+  tSlotPool(const tSlotPool&) = delete;
+  tSlotPool& operator=(const tSlotPool&) = delete;
+  ~tSlotPool() {
+    if (Live != 0) return;
+    for (char* chunk : Chunks) ::operator delete(chunk);
+  }
+
+  // A slot of the pool's size; a chunk that cannot be had fails as operator
+  // new does (through the new-handler).
+  void* Take() {
+    ++Live;
+    if (Free) {
+      tFree* slot = Free;
+      Free = slot->Next;
+      return slot;
+    }
+    if (Left == 0) {
+      Chunks.reserve(Chunks.size() + 1);
+      Next = static_cast<char*>(::operator new(kSlots* Size));
+      Chunks.push_back(Next);
+      Left = kSlots;
+    }
+    void* slot = Next;
+    Next += Size;
+    --Left;
+    return slot;
+  }
+
+  void Give(void* p) {
+    --Live;
+    tFree* slot = static_cast<tFree*>(p);
+    slot->Next = Free;
+    Free = slot;
+  }
+
+ private:
+  struct tFree {
+    tFree* Next;
+  };
+  static const size_t kSlots = 4096;
+  const size_t Size;
+  tFree* Free;
+  size_t Left;
+  char* Next;
+  long Live;
+  std::vector<char*> Chunks;
+};
+
+#endif
