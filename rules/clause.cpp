@@ -1,8 +1,41 @@
 #include "rules/clause.h"
 
+#include <new>
+
 #include "rules/numbers.h"
+#include "text/slotpool.h"
 
 namespace {
+
+tSlotPool& ListSlots() {
+  static tSlotPool pool(sizeof(DListtPrioritizedString));
+  return pool;
+}
+
+// The pool for the records of the given size: one for templates, one for data
+// records; any other size (a derived class) uses the heap (null).
+tSlotPool* RecordSlots(size_t size) {
+  static tSlotPool templates(sizeof(tClauseTemplate));
+  static tSlotPool data(sizeof(tClauseData));
+  if (size == sizeof(tClauseTemplate)) return &templates;
+  if (size == sizeof(tClauseData)) return &data;
+  return nullptr;
+}
+
+void* TakeRecord(size_t size) {
+  tSlotPool* pool = RecordSlots(size);
+  return pool ? pool->Take() : ::operator new(size);
+}
+
+void GiveRecord(void* p, size_t size) {
+  if (!p) return;
+  tSlotPool* pool = RecordSlots(size);
+  if (pool) {
+    pool->Give(p);
+  } else {
+    ::operator delete(p);
+  }
+}
 
 int ToVariant(int n) {
   if (n > 3) return 3;
@@ -22,9 +55,35 @@ void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant,
 
 }  // namespace
 
+const DListtPrioritizedString& tTextLists::operator[](int variant) const {
+  static const DListtPrioritizedString none;
+  return Lists[variant] ? *Lists[variant] : none;
+}
+
+DListtPrioritizedString& tTextLists::Make(int variant) {
+  if (!Lists[variant]) Lists[variant] = new (ListSlots().Take()) DListtPrioritizedString;
+  return *Lists[variant];
+}
+
+tTextLists::~tTextLists() {
+  for (DListtPrioritizedString* list : Lists) {
+    if (!list) continue;
+    list->~DListtPrioritizedString();
+    ListSlots().Give(list);
+  }
+}
+
 void SplitFields(DListtString& fields, const char* line) {
   fields.FromString(line, ",\n", " \r\n\t,", 0);
 }
+
+void* tClauseTemplate::operator new(size_t size) { return TakeRecord(size); }
+
+void tClauseTemplate::operator delete(void* p, size_t size) { GiveRecord(p, size); }
+
+void* tClauseData::operator new(size_t size) { return TakeRecord(size); }
+
+void tClauseData::operator delete(void* p, size_t size) { GiveRecord(p, size); }
 
 tClauseTemplate::tClauseTemplate() : Flags(0), Partner(nullptr), OwnsPartner(false) {}
 
@@ -109,8 +168,8 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   if (IsHeld(priority, fields[1]->Text())) file.Note(line, NotePriorityHeld, *fields[1]);
   char kind = fields[2]->ToUpper().Text()[0];
   DListtPrioritizedString* texts = nullptr;
-  if (kind == 'S') texts = &SingleTexts[variant];
-  if (kind == 'V') texts = &ValueTexts[variant];
+  if (kind == 'S') texts = &SingleTexts.Make(variant);
+  if (kind == 'V') texts = &ValueTexts.Make(variant);
   if (!texts) {
     file.Note(line, NoteHeaderUnknownKind, *fields[2]);
     return 0;

@@ -1,6 +1,7 @@
 #ifndef RULEFORGE_RULES_CLAUSE_H
 #define RULEFORGE_RULES_CLAUSE_H
 
+#include <cstddef>
 #include <cstdio>
 
 #include "parse/parsefil.h"
@@ -8,6 +9,47 @@
 #include "text/str.h"
 
 class tTextSink;
+
+// The texts of one kind ("S" or "V") of a clause template, one list for each
+// of the four variants, in the order of their priorities. Owns the lists and
+// their texts. A list is made when its first text is added: most templates
+// use one or two of their eight lists, and an empty list reads as one that
+// holds nothing.
+class tTextLists {
+ public:
+  tTextLists() : Lists() {}
+  tTextLists(const tTextLists&) = delete;
+  tTextLists& operator=(const tTextLists&) = delete;
+  ~tTextLists();
+
+  // The list of a variant (0 to 3); an empty one when nothing was added.
+  const DListtPrioritizedString& operator[](int variant) const;
+  // The list of a variant, made on first use, for adding texts.
+  DListtPrioritizedString& Make(int variant);
+
+  // The four lists in variant order, for range-for.
+  class Iterator {
+   public:
+    Iterator(const tTextLists& lists, int variant) : Lists(lists), Variant(variant) {}
+    const DListtPrioritizedString& operator*() const { return Lists[Variant]; }
+    Iterator& operator++() {
+      ++Variant;
+      return *this;
+    }
+    bool operator!=(const Iterator& other) const { return Variant != other.Variant; }
+
+   private:
+    const tTextLists& Lists;
+    int Variant;
+  };
+  Iterator begin() const { return Iterator(*this, 0); }
+  Iterator end() const { return Iterator(*this, 4); }
+
+ private:
+  // Made in slots of a pool (rules/clause.cpp), as the lists of a run of
+  // many templates number in the tens of thousands.
+  DListtPrioritizedString* Lists[4];
+};
 
 // Splits a header line of a template or a line of the parseable section into
 // fields, appended to fields: a field ends after each comma or line end, and
@@ -31,8 +73,13 @@ class tClauseTemplate : public tObject {
   String Value0Label;
   String Value1Label;
   String VariantLabels[4];
-  DListtPrioritizedString SingleTexts[4];
-  DListtPrioritizedString ValueTexts[4];
+  tTextLists SingleTexts;
+  tTextLists ValueTexts;
+
+  // From a pool of equal slots (rules/clause.cpp): a run may read tens of
+  // thousands of templates.
+  static void* operator new(size_t size);
+  static void operator delete(void* p, size_t size);
 
   tClauseTemplate();
   ~tClauseTemplate() override;
@@ -60,6 +107,10 @@ class tClauseData : public tObject {
   int VariantStates[4];
   DListtString Values0;
   DListtString Values1;
+
+  // From a pool of equal slots (rules/clause.cpp), as the templates are.
+  static void* operator new(size_t size);
+  static void operator delete(void* p, size_t size);
 
   tClauseData();
   ~tClauseData() override;

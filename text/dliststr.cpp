@@ -17,22 +17,28 @@ int Compare(const String& a, const String& b) {
   return order ? order : a.Length() - b.Length();
 }
 
-tSlotPool& StringSlots() {
-  static tSlotPool pool(sizeof(tString));
-  return pool;
+// The pool for elements of the given size: one for tString, one for
+// tPrioritizedString; other derived classes use the heap (null).
+tSlotPool* StringSlots(size_t size) {
+  static tSlotPool plain(sizeof(tString));
+  static tSlotPool prioritized(sizeof(tPrioritizedString));
+  if (size == sizeof(tString)) return &plain;
+  if (size == sizeof(tPrioritizedString)) return &prioritized;
+  return nullptr;
 }
 
 }  // namespace
 
-// Classes derived from tString have their own size and use the heap.
 void* tString::operator new(size_t size) {
-  return size == sizeof(tString) ? StringSlots().Take() : ::operator new(size);
+  tSlotPool* pool = StringSlots(size);
+  return pool ? pool->Take() : ::operator new(size);
 }
 
 void tString::operator delete(void* p, size_t size) {
   if (!p) return;
-  if (size == sizeof(tString)) {
-    StringSlots().Give(p);
+  tSlotPool* pool = StringSlots(size);
+  if (pool) {
+    pool->Give(p);
   } else {
     ::operator delete(p);
   }

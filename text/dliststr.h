@@ -9,9 +9,9 @@
 #include "text/str.h"
 
 // A String that can live in a DList; ordered by its text, byte by byte.
-// Elements of exactly this class come from a pool of equal slots, which a value
-// list of a million entries fills with a million of them at half the cost of
-// separate allocations.
+// Elements of exactly this class, and of tPrioritizedString, come from pools of
+// equal slots, which a value list of a million entries fills with a million of
+// them at half the cost of separate allocations.
 class tString : public String, public tObject {
  public:
   static void* operator new(size_t size);
