@@ -4,7 +4,9 @@
 
 #include "text/strblock.h"
 
-// memmem runs in linear time, so a long pattern over a long line stays cheap.
+// FindBytes stays linear (a short pattern costs at most its length in compares
+// per byte, a long one goes to memmem) and skips memmem's setup on the short
+// patterns and lines of most calls.
 int String::At(const char* s, int start, int count) const {
   int length = Block->Length;
   if (start < 0 || start > length) return -1;
@@ -13,6 +15,6 @@ int String::At(const char* s, int start, int count) const {
   if (end - start < m) return -1;
   if (m == 0) return start;
   const char* text = Block->Chars();
-  const void* found = memmem(text + start, end - start, s, m);
-  return found ? static_cast<int>(static_cast<const char*>(found) - text) : -1;
+  const char* found = FindBytes(text + start, text + end, s, m);
+  return found ? static_cast<int>(found - text) : -1;
 }
