@@ -3,6 +3,7 @@
 #include <deque>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "resolve/dnsresol.h"
 #include "rules/textsink.h"
@@ -15,12 +16,23 @@ namespace {
 // values as well, so entry n of resolved still belongs to entry n of values.
 // The resolved forms are appended to resolved; equal ones share one text, as
 // a long list of a few names would otherwise keep a copy per entry until the
-// output is written.
+// output is written. An entry equal to an earlier one takes that one's form
+// without asking again: the resolver answers a name it has met from its cache,
+// with no warning and no lookup, so the form and everything the resolver does
+// are what asking again would give.
 void Resolve(DListtString& values, std::deque<String>& resolved, int stripBlanks) {
   static const String anyAddress("0;0");
   std::unordered_map<std::string, String> shared;
+  std::unordered_map<std::string, String> byEntry;
   values.GotoHead();
   while (tString* entry = values.Current()) {
+    std::string key(entry->Text(), entry->Length());
+    auto known = byEntry.find(key);
+    if (known != byEntry.end()) {
+      resolved.push_back(known->second);
+      values.Next();
+      continue;
+    }
     String copy = stripBlanks ? entry->Strip(" \t\n\r") : String(*entry);
     if (copy.Length() == 0) {
       delete values.GetCurrent();
@@ -32,7 +44,9 @@ void Resolve(DListtString& values, std::deque<String>& resolved, int stripBlanks
       copy.ReplaceAll("*", "0");
       if (Resolver) copy = Resolver->Lookup(copy);
     }
-    resolved.push_back(shared.emplace(copy.Text(), copy).first->second);
+    const String& form = shared.emplace(copy.Text(), copy).first->second;
+    resolved.push_back(form);
+    byEntry.emplace(std::move(key), form);
     values.Next();
   }
 }
