@@ -69,9 +69,18 @@ int tClauseData::HasData() const {
 // written before it, so a state keeps its position when read back as long as
 // the labelled variants form one run.
 void tClauseData::WriteStates(FILE* out) const {
+  // Put byte by byte rather than through fprintf, which costs more than the
+  // rest of the record's line; a state of more than one digit still goes
+  // through it.
   for (int i = 0; i < 4; ++i) {
-    if (Template->VariantLabels[i].Length() > 0)
-      std::fprintf(out, "%s%d", i == 0 ? "" : ", ", VariantStates[i]);
+    if (Template->VariantLabels[i].Length() == 0) continue;
+    if (i != 0) std::fputs(", ", out);
+    int state = VariantStates[i];
+    if (state >= 0 && state <= 9) {
+      std::putc('0' + state, out);
+    } else {
+      std::fprintf(out, "%d", state);
+    }
   }
   std::fputs("\n", out);
 }
@@ -93,7 +102,9 @@ void tClauseData::WriteValues(FILE* out) {
 int tClauseData::WriteParseable(FILE* out) {
   int companion = Partner && Partner->HasData();
   if (!HasData() && !companion) return 0;
-  std::fprintf(out, "### \"%s\", ", Template->Name.Text());
+  std::fputs("### \"", out);
+  std::fwrite(Template->Name.Text(), 1, Template->Name.Length(), out);
+  std::fputs("\", ", out);
   WriteStates(out);
   WriteValues(out);
   if (companion) {
@@ -136,7 +147,7 @@ int tClauseData::Read(tFilterDataFile& in) {
   in.Placed(this, headLine);
   for (tClauseData* part = this;; part = part->Partner) {
     part->ReadPart(in, part == this ? headLine : 0);
-    if (in.Line().Head(3) == "~~~") return 0;
+    if (in.Line().At("~~~", 0, 3) == 0) return 0;
     in.GetLine();  // the "~~" line that opens the companion's lines
     if (!part->Partner || part != this) return 0;
     in.Placed(part->Partner, in.LineNumber);

@@ -19,7 +19,9 @@ void SkipClauseSeparators(tParseableFile& file) {
 
 }  // namespace
 
-int AtSectionSeparator(tParseableFile& file) { return file.Line().Head(4) == SectionSeparator; }
+int AtSectionSeparator(tParseableFile& file) {
+  return file.Line().At(SectionSeparator.Text(), 0, 4) == 0;
+}
 
 // ---- DListtClauseTemplate ----
 
@@ -33,7 +35,7 @@ int DListtClauseTemplate::Read(tFilterTemplateFile& file) {
   Clear();
   SkipClauseSeparators(file);
   while (!file.Eof() && !AtSectionSeparator(file)) {
-    if (file.Notes && file.Line().Head(3) == ClauseSeparator)
+    if (file.Notes && file.Line().At(ClauseSeparator.Text(), 0, 3) == 0)
       file.Note(file.LineNumber, NoteNotClauseSeparator, file.Line());
     tClauseTemplate* clause = new tClauseTemplate;
     ToTail(clause);
@@ -125,7 +127,7 @@ int DListtClauseData::Read(tFilterDataFile& in) {
       else
         Error(6,
               String("Unrecognized Clause - '") + clauseName + "'. Not in current template set.");
-      while (!in.Eof() && in.Line().Head(3) != ClauseSeparator) in.Next();
+      while (!in.Eof() && in.Line().At(ClauseSeparator.Text(), 0, 3) != 0) in.Next();
     }
     SkipClauseSeparators(in);
   }

@@ -104,13 +104,10 @@ void DListtString::FromString(const char* text, const char* separators, const ch
     size_t end = i;
     while (end < n && !isSeparator.Has(text[end])) ++end;
     if (end < n) ++end;
-    piece.resize(end - i);
-    size_t kept = 0;
+    piece.clear();
     for (; i < end; ++i) {
-      piece[kept] = text[i];
-      kept += !isStripped.Has(text[i]);
+      if (!isStripped.Has(text[i])) piece.push_back(text[i]);
     }
-    piece.resize(kept);
     ToTail(new tString(piece.c_str()));
   }
 }
