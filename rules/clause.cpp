@@ -1,6 +1,7 @@
 #include "rules/clause.h"
 
 #include <new>
+#include <string>
 
 #include "rules/numbers.h"
 #include "text/slotpool.h"
@@ -51,6 +52,30 @@ void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant,
     std::fprintf(stream, "~%d, %d, %c\n", variant, text->Priority, kind);
     std::fwrite(text->Text(), 1, text->Length(), stream);
   }
+}
+
+// The first three fields of a header line, as SplitFields splits it, into
+// fields; returns how many fields the line has in all. A header is read for
+// every text of every template, and a list of fields would cost an element,
+// a link and a block for each.
+int HeaderFields(const String& header, String fields[3]) {
+  const char* text = header.Text();
+  const int n = header.Length();
+  std::string piece;
+  int count = 0;
+  for (int i = 0; i < n; ++count) {
+    piece.clear();
+    for (; i < n; ++i) {
+      char c = text[i];
+      if (c != ' ' && c != '\r' && c != '\n' && c != '\t' && c != ',') piece.push_back(c);
+      if (c == ',' || c == '\n') {
+        ++i;
+        break;
+      }
+    }
+    if (count < 3) fields[count] = piece.c_str();
+  }
+  return count;
 }
 
 }  // namespace
@@ -140,10 +165,10 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   file.GetCh();
   if (file.LineNumber != line) file.Note(line, NoteHeaderAlone);
   String header = file.GetLine();
-  DListtString fields;
-  SplitFields(fields, header.Text());
-  if (fields.Size() == 0) return 0;
-  const char* first = fields[0]->Text();
+  String fields[3];
+  int count = HeaderFields(header, fields);
+  if (count == 0) return 0;
+  const char* first = fields[0].Text();
   if (first[0] == '~') {
     // "~~" opens the companion template; a template that is itself a companion
     // (its Partner is already set) or "~~~..." ends here without one.
@@ -157,21 +182,21 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
     }
     return 0;
   }
-  if (fields.Size() < 3) {
+  if (count < 3) {
     file.Note(line, header.At(',') < 0 ? NoteHeaderNoCommas : NoteHeaderFewFields, header);
     return 0;
   }
   int variant = ToPriority(first);
-  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, *fields[0]);
+  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, fields[0]);
   variant = ToVariant(variant);
-  int priority = ToPriority(fields[1]->Text());
-  if (IsHeld(priority, fields[1]->Text())) file.Note(line, NotePriorityHeld, *fields[1]);
-  char kind = fields[2]->ToUpper().Text()[0];
+  int priority = ToPriority(fields[1].Text());
+  if (IsHeld(priority, fields[1].Text())) file.Note(line, NotePriorityHeld, fields[1]);
+  char kind = fields[2].ToUpper().Text()[0];
   DListtPrioritizedString* texts = nullptr;
   if (kind == 'S') texts = &SingleTexts.Make(variant);
   if (kind == 'V') texts = &ValueTexts.Make(variant);
   if (!texts) {
-    file.Note(line, NoteHeaderUnknownKind, *fields[2]);
+    file.Note(line, NoteHeaderUnknownKind, fields[2]);
     return 0;
   }
 
