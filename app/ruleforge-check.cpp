@@ -10,7 +10,23 @@
 #include "check/lookups.h"
 #include "check/starter.h"
 #include "check/tplcheck.h"
+#include "rules/writeerr.h"
 #include "text/str.h"
+
+namespace {
+
+// Ends the run with status, or with error 8 when standard output could not be
+// written completely: findings lost on a full disk must not look like a clean
+// check.
+int Finish(int status) {
+  if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
+    WriteFailed("");
+    return 8;
+  }
+  return status;
+}
+
+}  // namespace
 
 // ruleforge-check [-r] [-t templatefile] [datafile ...]
 // ruleforge-check -s [-t templatefile]
@@ -18,7 +34,8 @@
 // reads them, with a receiver of the readers' notes, and prints one finding a
 // line for everything skipped, cut or read otherwise than written. Status 0
 // when nothing was found, 1 when something was, 2 when a file could not be
-// read as a template or data file. With -s it prints a starting data file.
+// read as a template or data file, 8 when standard output could not be
+// written. With -s it prints a starting data file.
 int main(int argc, char** argv) {
   std::set_new_handler(OutOfMemory);
   String templateName;
@@ -51,7 +68,7 @@ int main(int argc, char** argv) {
     if (error != 0) return 2;
     if (starter) {
       WriteStarter(document, stdout);
-      return 0;
+      return Finish(0);
     }
     CheckTemplate(document, notes, findings);
     findings.Print(stdout);
@@ -70,6 +87,6 @@ int main(int argc, char** argv) {
       findings.Print(stdout);
     }
   }
-  if (unreadable) return 2;
-  return findings.Total > 0 ? 1 : 0;
+  if (unreadable) return Finish(2);
+  return Finish(findings.Total > 0 ? 1 : 0);
 }
