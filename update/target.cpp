@@ -33,15 +33,21 @@ int SameFile(int fd, const char* name) {
 
 }  // namespace
 
-tUpdateTarget::tUpdateTarget(const char* name) : Path(FollowLinks(name)), LockFd(-1) {}
+tUpdateTarget::tUpdateTarget(const char* name) : Given(name), Path(FollowLinks(name)), LockFd(-1) {}
 
 tUpdateTarget::~tUpdateTarget() {
   if (LockFd >= 0) close(LockFd);
 }
 
+// The name given counts as well as the file it leads to: a link x.bak to x.flt
+// carries the backup name of x.flt, and saving x.flt would replace the link by
+// the backup.
 int tUpdateTarget::Accept() {
-  if (BackupName(Path) != Path) return 1;
-  Error(13, String("Cannot update '") + Path +
+  const String* refused = BackupName(Given) == Given ? &Given
+                          : BackupName(Path) == Path ? &Path
+                                                     : nullptr;
+  if (!refused) return 1;
+  Error(13, String("Cannot update '") + *refused +
                 "': its backup file would have its own name. Rename the file first.");
   return 0;
 }

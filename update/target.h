@@ -16,14 +16,18 @@ class tUpdateTarget {
 
   // The file that is read and replaced.
   const char* Name() const { return Path.Text(); }
-  // Reports Error 13 and returns 0 when the file's backup name is its own
-  // name (saving would remove the file it keeps); 1 otherwise.
+  // The name as the user gave it, which messages about reading it show.
+  const char* GivenName() const { return Given.Text(); }
+  // Reports Error 13 and returns 0 when the backup name of the name given or
+  // of the file it leads to is that name itself (saving would remove the file
+  // it keeps); 1 otherwise.
   int Accept();
   // Waits until no other update holds the file. A file that cannot be opened
   // is not locked; reading it then reports it.
   void Lock();
 
  private:
+  String Given;
   String Path;
   int LockFd;
 };
