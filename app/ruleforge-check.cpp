@@ -58,6 +58,11 @@ int main(int argc, char** argv) {
     }
   }
 
+  if (starter && !dataFiles.empty()) {
+    Error(0, String("Option -s reads no data files. Use: ") + argv[0] + " -s [-t templatefile]");
+    return 2;
+  }
+
   tFindings findings;
   tCheckNotes notes(findings);
   int unreadable = 0;

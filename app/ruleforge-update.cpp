@@ -38,7 +38,7 @@ int main(int argc, char** argv) {
   int status;
   {
     tFilterData document(templateName.Length() > 0 ? templateName.Text() : nullptr, resolve);
-    if (error == 0) document.ReadData(target.Name());
+    if (error == 0) document.ReadData(target.GivenName());
     if (error == 0) document.WriteData(target.Name(), 1);
     status = error;
   }

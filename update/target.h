@@ -14,9 +14,10 @@ class tUpdateTarget {
   tUpdateTarget(const tUpdateTarget&) = delete;
   tUpdateTarget& operator=(const tUpdateTarget&) = delete;
 
-  // The file that is read and replaced.
+  // The file that is replaced, at the end of the links.
   const char* Name() const { return Path.Text(); }
-  // The name as the user gave it, which messages about reading it show.
+  // The name as the user gave it: the file is read through it, so that a
+  // message about reading names what the user named.
   const char* GivenName() const { return Given.Text(); }
   // Reports Error 13 and returns 0 when the backup name of the name given or
   // of the file it leads to is that name itself (saving would remove the file
