@@ -28,17 +28,28 @@ String AsLookedUp(const String& entry) {
   return suffix >= 0 ? text.Copy(0, suffix) : text;
 }
 
+// Whether text, which has a digit and goes to name lookup (it holds more than
+// digits and dots), looks like an address or a network, whose lookup fails:
+// it has no letter (10.0.0.0/8, 10.1.0.1:25, 10.1.0.1-10.1.0.9), or begins
+// with a digit and holds a character no host name has (10.1.0.1:smtp).
+// A name such as 3com.example is left alone.
+int LooksLikeAddress(const String& text) {
+  static const char* const letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+  static const String nameCharacters = String(letters) + "0123456789.-";
+  if (text.AtFirstIn(letters) < 0) return 1;
+  char first = text.Text()[0];
+  return first >= '0' && first <= '9' && text.AtFirstNotIn(nameCharacters.Text()) >= 0;
+}
+
 void CheckEntries(const DListtString& entries, int line, tFindings& findings) {
   for (const tString* entry : Walk<const tString>(entries)) {
     String text = AsLookedUp(*entry);
-    if (text.Length() == 0 || text.AtFirstNotIn("0123456789./-") >= 0 ||
-        text.AtFirstIn("0123456789") < 0)
-      continue;
+    if (text.Length() == 0 || text.AtFirstIn("0123456789") < 0) continue;
     if (text.AtFirstNotIn("0123456789.") < 0) {
       if (!IsAddress(text.Text()))
         findings.Add(line, "entry " + Quoted(*entry) +
                                " is taken as an address as it stands, but it is no valid address");
-    } else {
+    } else if (LooksLikeAddress(text)) {
       findings.Add(line, "entry " + Quoted(*entry) +
                              " looks like an address or a network but goes to name lookup, which "
                              "fails (write a network as address;bits, as in 10.0.0.0;8)");
