@@ -3,7 +3,9 @@
 #include <cstring>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
+#include "check/nested.h"
 #include "text/dlist.h"
 
 namespace {
@@ -120,26 +122,31 @@ void CheckRules(DListtClauseTemplate& rules, int main, const tCheckNotes& notes,
 
 void CheckSubstitutions(DListtString& names, DListtString& values, const tCheckNotes& notes,
                         tFindings& findings) {
-  int pairs = names.Size() < values.Size() ? names.Size() : values.Size();
-  for (int i = 0; i < pairs; ++i) {
-    const tString* name = names[i];
-    int line = notes.LineOf(name);
-    if (name->Length() == 0) {
+  // Lines are found by the list elements' own addresses.
+  std::vector<const tString*> pairNames;
+  std::vector<const tString*> pairValues;
+  for (const tString* value : Walk<const tString>(values)) pairValues.push_back(value);
+  for (const tString* name : Walk<const tString>(names)) {
+    if (pairNames.size() == pairValues.size()) break;
+    pairNames.push_back(name);
+  }
+  std::vector<std::vector<int>> nested =
+      NestedNames(std::vector<const String*>(pairNames.begin(), pairNames.end()));
+  for (size_t i = 0; i < pairNames.size(); ++i) {
+    const String& name = *pairNames[i];
+    int line = notes.LineOf(pairNames[i]);
+    if (name.Length() == 0) {
       findings.Add(line, "substitution with an empty name: it replaces nothing");
       continue;
     }
-    if (values[i]->At(name->Text()) >= 0)
-      findings.Add(line, "substitution value contains its own name " + Quoted(*name) +
+    if (pairValues[i]->At(name.Text()) >= 0)
+      findings.Add(line, "substitution value contains its own name " + Quoted(name) +
                              ": the name stays in the output");
-    for (int j = 0; j < i; ++j) {
-      const tString* other = names[j];
-      if (other->Length() == 0 || *other == *name) continue;
-      if (other->At(name->Text()) >= 0 || name->At(other->Text()) >= 0)
-        findings.Add(line, "substitution name " + Quoted(*name) + " and " + Quoted(*other) +
-                               " (line " + Number(notes.LineOf(other)) +
-                               ") occur one inside the other: the order of the two decides what "
-                               "is replaced");
-    }
+    for (int j : nested[i])
+      findings.Add(line, "substitution name " + Quoted(name) + " and " + Quoted(*pairNames[j]) +
+                             " (line " + Number(notes.LineOf(pairNames[j])) +
+                             ") occur one inside the other: the order of the two decides what "
+                             "is replaced");
   }
 }
 
