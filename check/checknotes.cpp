@@ -50,28 +50,29 @@ const char* MeantSection(const String& name) {
 
 int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
 
-tClauseTemplate* Named(DListtClauseTemplate* rules, const String& name, int companions) {
-  if (!rules) return nullptr;
-  for (tClauseTemplate* clause : Walk<tClauseTemplate>(*rules)) {
-    tClauseTemplate* candidate = companions ? clause->Partner : clause;
-    if (candidate && candidate->Name == name) return clause;
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 tCheckNotes::tCheckNotes(tFindings& findings)
-    : Findings(findings),
-      MainRules(nullptr),
-      LabelRules(nullptr),
-      Sorted(true),
-      InData(false),
-      Where(BeforeSection) {}
+    : Findings(findings), Sorted(true), InData(false), Where(BeforeSection) {}
 
 void tCheckNotes::Rules(DListtClauseTemplate* mainRules, DListtClauseTemplate* labelRules) {
-  MainRules = mainRules;
-  LabelRules = labelRules;
+  DListtClauseTemplate* lists[] = {mainRules, labelRules};
+  for (int list = 0; list < 2; ++list) {
+    for (auto& names : ByName[list]) names.clear();
+    if (!lists[list]) continue;
+    for (tClauseTemplate* clause : Walk<tClauseTemplate>(*lists[list])) {
+      ByName[list][0].emplace(std::string_view(clause->Name.Text(), clause->Name.Length()), clause);
+      if (const tClauseTemplate* companion = clause->Partner)
+        ByName[list][1].emplace(std::string_view(companion->Name.Text(), companion->Name.Length()),
+                                clause);
+    }
+  }
+}
+
+tClauseTemplate* tCheckNotes::Named(int list, const String& name, int companions) const {
+  const auto& names = ByName[list][companions];
+  auto found = names.find(std::string_view(name.Text(), name.Length()));
+  return found == names.end() ? nullptr : found->second;
 }
 
 void tCheckNotes::BeginData() {
@@ -138,7 +139,7 @@ void tCheckNotes::DataLine(int line, tNote what, const String& text) {
 
 String tCheckNotes::UnknownClause(const String& name) {
   String quoted = Quoted(name);
-  if (tClauseTemplate* clause = Named(MainRules, name, 0)) {
+  if (tClauseTemplate* clause = Named(0, name, 0)) {
     if (clause->Flags & tClauseTemplate::FixedClause)
       return "clause " + quoted +
              " is fixed (it has no variants) and takes no data: ruleforge "
@@ -148,7 +149,7 @@ String tCheckNotes::UnknownClause(const String& name) {
            "stops with error 6 and writes nothing (move it under "
            "\"###~~~~(Main)\")";
   }
-  if (tClauseTemplate* clause = Named(LabelRules, name, 0)) {
+  if (tClauseTemplate* clause = Named(1, name, 0)) {
     if (clause->Flags & tClauseTemplate::FixedClause)
       return "clause " + quoted +
              " is fixed (it has no variants) and takes no data: ruleforge "
@@ -158,8 +159,8 @@ String tCheckNotes::UnknownClause(const String& name) {
            "ruleforge stops with error 6 and writes nothing (move it under a "
            "\"###~~~~NAME\" line)";
   }
-  tClauseTemplate* main = Named(MainRules, name, 1);
-  if (!main) main = Named(LabelRules, name, 1);
+  tClauseTemplate* main = Named(0, name, 1);
+  if (!main) main = Named(1, name, 1);
   if (main)
     return quoted + " is the companion of clause " + Quoted(main->Name) +
            ": named as a clause, ruleforge stops with error 6 and writes nothing (write its "

@@ -1,6 +1,8 @@
 #ifndef RULEFORGE_CHECK_CHECKNOTES_H
 #define RULEFORGE_CHECK_CHECKNOTES_H
 
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -30,8 +32,10 @@ class tCheckNotes : public tReadNotes {
 
  private:
   tFindings& Findings;
-  DListtClauseTemplate* MainRules;
-  DListtClauseTemplate* LabelRules;
+  // The template's clauses by name, the first of each name: [0] the main
+  // rules, [1] the label rules; [][0] by the clause's own name, [][1] by its
+  // companion's. The names are the clauses' own texts.
+  std::unordered_map<std::string_view, tClauseTemplate*> ByName[2][2];
   // Where each element was read from, by its address: the template's, kept
   // through every data file, and the current data file's. Sorted by address
   // on the first look-up after a change; of two places of one element (a data
@@ -47,6 +51,9 @@ class tCheckNotes : public tReadNotes {
 
   void DataLine(int line, tNote what, const String& text);
   String UnknownClause(const String& name);
+  // The clause of list (0 main, 1 label rules) named name, or whose companion
+  // is named name; nullptr when there is none.
+  tClauseTemplate* Named(int list, const String& name, int companions) const;
 };
 
 #endif
