@@ -1,32 +1,37 @@
 #!/usr/bin/env bash
-# Runs one end-to-end case: a folder holding the command-line words (args, one
-# per line), any input files, standard input (stdin; /dev/null when absent) and
-# the expected standard output, standard error and exit status (stdout, stderr,
-# status); a symbolic link in the folder is copied as the file it points to, so
-# a case can use the project's own files (examples/). Optional: dump (the
-# expected /tmp/template.dmp), stdout-to (a path that standard output goes to
-# instead, e.g. /dev/full), closed-stdin (run with standard input closed),
-# closed-stdout (run with standard output closed),
-# setup (an executable run in the work folder before the run, to make inputs
-# and expected files too large to check in), no-memcheck (not run under
-# valgrind), no-sanitize (not run in a sanitizer build), no-dump (no
-# /tmp/template.dmp may be written), roundtrip (the output fed back in must
-# reproduce itself), program (the program to run, ruleforge when absent),
-# after (an executable run in the work folder after the run that checks the
-# files left there; it fails the case by exiting non-zero), needs (shell
-# commands, one a line, that must succeed for the case to run, e.g. a tool or
-# the right to mount: when one fails the case is skipped with exit status 77),
-# dns (a delay in milliseconds: the run happens in a network namespace of the
-# case's own whose DNS server, tests/dns/server.py, answers after that delay and
-# logs every query to the file queries; skipped where namespaces are missing),
-# faults (the value of RULEFORGE_FAULTS for the fault shim ruleforge_faults.so,
-# which the run then preloads; see tests/fault_shim.cpp). In args, @WORK@
-# stands for the work folder's absolute path. RULEFORGE_WRAPPER, when set, is
-# put in front of the program (e.g. valgrind). Each run is killed after RULEFORGE_CASE_TIMEOUT
-# seconds (default 120), so a hang fails its case and leaves nothing running.
-# A case that runs with -d, or checks the dump, holds an exclusive lock on
-# /tmp/template.dmp.lock for the whole case, so that test runs of other build
-# folders and other users of the fixed dump path wait for each other.
+# Runs one end-to-end case. A case is a folder of data files; a symbolic link
+# in it is copied as the file it points to, so a case can use the project's own
+# files (examples/). Expected in every case:
+#   args      the command-line words, one a line (@WORK@: the work folder)
+#   stdin     standard input (/dev/null when absent)
+#   stdout, stderr, status   what the run must print and return (stdout not
+#                  with stdout-to or closed-stdout)
+# Optional:
+#   program        the program to run (ruleforge when absent)
+#   setup          run in the work folder first, to make inputs too large to keep
+#   after          run in the work folder last; checks the files left there and
+#                  fails the case by exiting non-zero
+#   needs          shell commands, one a line; when one fails (a missing tool, no
+#                  right to mount) the case is skipped with exit status 77
+#   stdout-to      a path standard output goes to instead (e.g. /dev/full)
+#   closed-stdin, closed-stdout   run with that stream closed
+#   dump           the expected /tmp/template.dmp
+#   no-dump        no /tmp/template.dmp may be written
+#   roundtrip      the output fed back in must reproduce itself
+#   dns            a delay in milliseconds: the run happens in a network
+#                  namespace of the case's own, whose DNS server
+#                  (tests/dns/server.py) answers after that delay and logs every
+#                  query to the file queries; skipped where namespaces are missing
+#   faults         the value of RULEFORGE_FAULTS for the fault shim
+#                  ruleforge_faults.so, which the run then preloads
+#                  (tests/fault_shim.cpp)
+#   no-memcheck, no-sanitize   not run under valgrind, or in a sanitizer build
+# RULEFORGE_WRAPPER, when set, is put in front of the program (e.g. valgrind).
+# Each run is killed after RULEFORGE_CASE_TIMEOUT seconds (default 120), so a
+# hang fails its case and leaves nothing running. A case that runs with -d, or
+# checks the dump, holds an exclusive lock on /tmp/template.dmp.lock throughout,
+# so that test runs of other build folders and other users of the fixed dump
+# path wait for each other.
 # Usage: run_case.sh <dir of the programs> <case dir>
 set -u
 bindir=$1 case=$2 here=$(cd "$(dirname "$0")" && pwd)
