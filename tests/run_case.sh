@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Runs one end-to-end case. A case is a folder of data files; a symbolic link
 # in it is copied as the file it points to, so a case can use the project's own
-# files (examples/). Expected in every case:
+# files (examples/). The run:
 #   args      the command-line words, one a line (@WORK@: the work folder)
 #   stdin     standard input (/dev/null when absent)
 #   stdout, stderr, status   what the run must print and return (stdout not
 #                  with stdout-to or closed-stdout)
-# Optional:
+# Where a case needs them:
 #   program        the program to run (ruleforge when absent)
 #   setup          run in the work folder first, to make inputs too large to keep
 #   after          run in the work folder last; checks the files left there and
