@@ -168,7 +168,7 @@ void tFilterTemplateFile::Next() {
 void tFilterDataFile::Next() {
   for (;;) {
     tParseableFile::Next();
-    if (CurrentLine.At("###", 0, 3) == 0) {
+    if (CurrentLine.StartsWith("###")) {
       Pos = 3;
       if (Notes) Note(LineNumber, Remaining() > 0 ? NoteDataLine : NoteBareMarker, CurrentLine);
     } else {

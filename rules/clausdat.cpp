@@ -147,7 +147,7 @@ int tClauseData::Read(tFilterDataFile& in) {
   in.Placed(this, headLine);
   for (tClauseData* part = this;; part = part->Partner) {
     part->ReadPart(in, part == this ? headLine : 0);
-    if (in.Line().At("~~~", 0, 3) == 0) return 0;
+    if (in.Line().StartsWith("~~~")) return 0;
     in.GetLine();  // the "~~" line that opens the companion's lines
     if (!part->Partner || part != this) return 0;
     in.Placed(part->Partner, in.LineNumber);

@@ -160,7 +160,7 @@ int tClauseTemplate::Read(tFilterTemplateFile& file) {
 }
 
 int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
-  if (file.Line().At("~~~", 0, 3) == 0) return 0;
+  if (file.Line().StartsWith("~~~")) return 0;
   int line = file.LineNumber;
   file.GetCh();
   if (file.LineNumber != line) file.Note(line, NoteHeaderAlone);

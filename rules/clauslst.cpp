@@ -20,7 +20,7 @@ void SkipClauseSeparators(tParseableFile& file) {
 }  // namespace
 
 int AtSectionSeparator(tParseableFile& file) {
-  return file.Line().At(SectionSeparator.Text(), 0, 4) == 0;
+  return file.Line().StartsWith(SectionSeparator.Text());
 }
 
 // ---- DListtClauseTemplate ----
@@ -35,7 +35,7 @@ int DListtClauseTemplate::Read(tFilterTemplateFile& file) {
   Clear();
   SkipClauseSeparators(file);
   while (!file.Eof() && !AtSectionSeparator(file)) {
-    if (file.Notes && file.Line().At(ClauseSeparator.Text(), 0, 3) == 0)
+    if (file.Notes && file.Line().StartsWith(ClauseSeparator.Text()))
       file.Note(file.LineNumber, NoteNotClauseSeparator, file.Line());
     tClauseTemplate* clause = new tClauseTemplate;
     ToTail(clause);
@@ -127,7 +127,7 @@ int DListtClauseData::Read(tFilterDataFile& in) {
       else
         Error(6,
               String("Unrecognized Clause - '") + clauseName + "'. Not in current template set.");
-      while (!in.Eof() && in.Line().At(ClauseSeparator.Text(), 0, 3) != 0) in.Next();
+      while (!in.Eof() && !in.Line().StartsWith(ClauseSeparator.Text())) in.Next();
     }
     SkipClauseSeparators(in);
   }

@@ -18,3 +18,8 @@ int String::At(const char* s, int start, int count) const {
   const char* found = FindBytes(text + start, text + end, s, m);
   return found ? static_cast<int>(found - text) : -1;
 }
+
+int String::StartsWith(const char* s) const {
+  size_t m = s ? std::strlen(s) : 0;
+  return m <= static_cast<size_t>(Block->Length) && std::memcmp(Block->Chars(), s, m) == 0;
+}

@@ -38,6 +38,9 @@ class String {
 
   int At(char c, int start = 0, int count = All) const;
   int At(const char* s, int start = 0, int count = All) const;
+  // 1 when the text begins with s, else 0: At(s, 0, strlen(s)) == 0 without
+  // the search.
+  int StartsWith(const char* s) const;
   int AtFirstIn(const char* set, int start = 0, int count = All) const;
   int AtFirstNotIn(const char* set, int start = 0, int count = All) const;
   int AtLast(char c, int start = 0, int count = All) const;
