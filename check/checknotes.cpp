@@ -139,30 +139,27 @@ void tCheckNotes::DataLine(int line, tNote what, const String& text) {
 
 String tCheckNotes::UnknownClause(const String& name) {
   String quoted = Quoted(name);
-  if (tClauseTemplate* clause = Named(0, name, 0)) {
-    if (clause->Flags & tClauseTemplate::FixedClause)
-      return "clause " + quoted +
-             " is fixed (it has no variants) and takes no data: ruleforge "
-             "stops with error 6 and writes nothing (remove its lines)";
+  tClauseTemplate* main = Named(0, name, 0);
+  tClauseTemplate* label = main ? nullptr : Named(1, name, 0);
+  tClauseTemplate* clause = main ? main : label;
+  if (clause && (clause->Flags & tClauseTemplate::FixedClause))
+    return "clause " + quoted +
+           " is fixed (it has no variants) and takes no data: ruleforge "
+           "stops with error 6 and writes nothing (remove its lines)";
+  if (main)
     return "clause " + quoted +
            " belongs to the \"Main Rules\": in a label data set ruleforge "
            "stops with error 6 and writes nothing (move it under "
            "\"###~~~~(Main)\")";
-  }
-  if (tClauseTemplate* clause = Named(1, name, 0)) {
-    if (clause->Flags & tClauseTemplate::FixedClause)
-      return "clause " + quoted +
-             " is fixed (it has no variants) and takes no data: ruleforge "
-             "stops with error 6 and writes nothing (remove its lines)";
+  if (label)
     return "clause " + quoted +
            " belongs to the \"Label Rules\": outside a label data set "
            "ruleforge stops with error 6 and writes nothing (move it under a "
            "\"###~~~~NAME\" line)";
-  }
-  tClauseTemplate* main = Named(0, name, 1);
-  if (!main) main = Named(1, name, 1);
-  if (main)
-    return quoted + " is the companion of clause " + Quoted(main->Name) +
+  tClauseTemplate* owner = Named(0, name, 1);
+  if (!owner) owner = Named(1, name, 1);
+  if (owner)
+    return quoted + " is the companion of clause " + Quoted(owner->Name) +
            ": named as a clause, ruleforge stops with error 6 and writes nothing (write its "
            "lines after \"###~~\" in that clause)";
   return "unknown clause " + quoted +

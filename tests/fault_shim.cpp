@@ -19,13 +19,13 @@ namespace {
 
 // The error to fail call on path with, or 0.
 int Fault(const char* call, const char* path) {
-  const char* spec = std::getenv("RULEFORGE_FAULTS");
-  if (!spec || !path) return 0;
+  const char* wanted = std::getenv("RULEFORGE_FAULTS");
+  if (!wanted || !path) return 0;
   static const struct {
     const char* name;
     int value;
   } kErrors[] = {{"EACCES", EACCES}, {"EIO", EIO}, {"ENOSPC", ENOSPC}, {"EPERM", EPERM}};
-  std::string faults(spec);
+  std::string faults(wanted);
   for (size_t start = 0; start < faults.size();) {
     size_t end = faults.find(';', start);
     if (end == std::string::npos) end = faults.size();
