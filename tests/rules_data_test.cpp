@@ -4,6 +4,7 @@
 
 #include "app/common.h"
 #include "app/filterd.h"
+#include "output/output.h"
 #include "rules/clauslst.h"
 #include "testutil.h"
 
@@ -47,9 +48,9 @@ TEST(DataSets, ProgressPercentagesAndStop) {
     tRecordingProgress progress(c.stopFrom);
     int result = 0;
     std::string out = Captured([&](FILE* f) {
-      result = document.DataSets.WriteTo(
-          f, "", tOutputFrame{"", 0, document.SubstitutionNames, document.SubstitutionValues},
-          progress);
+      result = WriteOutput(
+          f, "", document.DataSets,
+          tOutputFrame{"", 0, document.SubstitutionNames, document.SubstitutionValues}, progress);
     });
     EXPECT_EQ(progress.Reports, c.reports);
     EXPECT_EQ(out.substr(out.find(kEnd) + sizeof kEnd - 1), c.texts);

@@ -1,4 +1,4 @@
-#include "rules/fill.h"
+#include "output/fill.h"
 
 #include <cstring>
 

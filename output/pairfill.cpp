@@ -1,4 +1,4 @@
-#include "rules/textsink.h"
+#include "output/pairfill.h"
 
 tPairFill::tPairFill(const tPlaceValues& values, const std::deque<String>& resolved, int end0,
                      int end1)
@@ -30,16 +30,4 @@ bool tPairFill::Next(tPlaceFill& fill) {
     ++J;
   }
   return true;
-}
-
-void tListSink::Single(const tPrioritizedString& text) {
-  Out.ToSorted(new tPrioritizedString(text));
-}
-
-void tListSink::Pairs(const tPrioritizedString& text, const tPlaceValues& values, int end0,
-                      int end1) {
-  tPairFill pairs(values, Resolved, end0, end1);
-  tPlaceFill fill;
-  while (pairs.Next(fill))
-    Out.ToSorted(new tPrioritizedString(FillStepByStep(text, fill), text.Priority));
 }

@@ -1,5 +1,5 @@
-#ifndef RULEFORGE_RULES_FILL_H
-#define RULEFORGE_RULES_FILL_H
+#ifndef RULEFORGE_OUTPUT_FILL_H
+#define RULEFORGE_OUTPUT_FILL_H
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "rules/savename.h"
+#include "output/savename.h"
 
 String DirectoryPart(const String& fileName) {
   int slash = fileName.AtLast('/');

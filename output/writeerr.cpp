@@ -1,4 +1,4 @@
-#include "rules/writeerr.h"
+#include "output/writeerr.h"
 
 #include "app/common.h"
 

@@ -1,5 +1,5 @@
-#ifndef RULEFORGE_RULES_SUBSTIT_H
-#define RULEFORGE_RULES_SUBSTIT_H
+#ifndef RULEFORGE_OUTPUT_SUBSTIT_H
+#define RULEFORGE_OUTPUT_SUBSTIT_H
 
 #include <string>
 #include <vector>
@@ -9,18 +9,15 @@
 
 // The template's substitutions, applied to a generated text pair by pair in
 // file order: every occurrence of a name is replaced by its value, and a later
-// pair sees the result of the earlier ones. Refers to the two lists, which must
-// outlive it and stay unchanged while it is in use.
+// pair sees the result of the earlier ones. Holds its own copies of the pairs,
+// up to the shorter of the two lists.
 class tSubstitutions {
  public:
-  tSubstitutions(DListtString& names, DListtString& values);
+  tSubstitutions(const DListtString& names, const DListtString& values);
   void Apply(String& text);
   void Apply(std::string& text);
 
  private:
-  DListtString& Names;
-  DListtString& Values;
-
   // An automaton over all names finds, in one pass over a text, which names
   // occur in it; a pair whose name does not occur changes nothing, so only the
   // pairs found are applied. Without it (names of more than a million

@@ -1,4 +1,4 @@
-#include "rules/substit.h"
+#include "output/substit.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -17,10 +17,8 @@ const long long kMaxNameCharacters = 1 << 20;
 
 }  // namespace
 
-tSubstitutions::tSubstitutions(DListtString& names, DListtString& values)
-    : Names(names),
-      Values(values),
-      Pairs(names.Size() < values.Size() ? names.Size() : values.Size()),
+tSubstitutions::tSubstitutions(const DListtString& names, const DListtString& values)
+    : Pairs(names.Size() < values.Size() ? names.Size() : values.Size()),
       Scanning(false),
       Dense(false),
       ClassOf(),
@@ -28,9 +26,13 @@ tSubstitutions::tSubstitutions(DListtString& names, DListtString& values)
       Begins(),
       LongestName(0),
       Stamp(0) {
-  for (int i = 0; i < Pairs; ++i) {
-    PairNames.push_back(*Names[i]);
-    PairValues.push_back(*Values[i]);
+  for (const tString* name : Walk<const tString>(names)) {
+    if (static_cast<int>(PairNames.size()) == Pairs) break;
+    PairNames.push_back(*name);
+  }
+  for (const tString* value : Walk<const tString>(values)) {
+    if (static_cast<int>(PairValues.size()) == Pairs) break;
+    PairValues.push_back(*value);
   }
   Build();
 }

@@ -1,4 +1,4 @@
-#include "rules/clauslst.h"
+#include "output/save.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,8 +9,9 @@
 #include <cstring>
 
 #include "app/common.h"
-#include "rules/savename.h"
-#include "rules/writeerr.h"
+#include "output/output.h"
+#include "output/savename.h"
+#include "output/writeerr.h"
 
 namespace {
 
@@ -76,15 +77,9 @@ int Commit(FILE* file) {
 
 }  // namespace
 
-int DListOfDListtClauseData::Write(const char* fileName, const char* title, int firstLabel,
-                                   DListtString& names, DListtString& values, int keepUnchanged) {
+int SaveOutput(const char* fileName, DListOfDListtClauseData& sets, const tOutputFrame& frame,
+               int keepUnchanged) {
   tProgress progress;
-  tOutputFrame frame{title, firstLabel, names, values};
-  if (!fileName) {
-    progress.Caption("Writing to stdout");
-    return WriteTo(stdout, "", frame, progress);
-  }
-
   String target(fileName);
   String directory = DirectoryPart(target);
   String temporaryName;
@@ -97,7 +92,7 @@ int DListOfDListtClauseData::Write(const char* fileName, const char* title, int 
   // Before any byte is written, so the new output is never open to more users
   // than the old one.
   KeepAttributes(file, fileName);
-  int result = WriteTo(file, fileName, frame, progress);
+  int result = WriteOutput(file, fileName, sets, frame, progress);
   if (!Commit(file) && result >= 0) result = WriteFailed(fileName);
   if (result < 0) {
     std::remove(temporaryName.Text());
