@@ -9,9 +9,6 @@
 
 namespace {
 
-// A line that holds more than blanks and tabs.
-int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
-
 // Lines that a section's reading left unread are skipped, and noted unless the
 // whole section is being skipped.
 void SkipToSection(tFilterTemplateFile& file, int noteSkipped = 1) {

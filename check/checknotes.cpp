@@ -48,8 +48,6 @@ const char* MeantSection(const String& name) {
   return nullptr;
 }
 
-int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
-
 }  // namespace
 
 tCheckNotes::tCheckNotes(tFindings& findings)

@@ -1,6 +1,6 @@
 #include "check/starter.h"
 
-#include "app/common.h"
+#include "output/section.h"
 #include "text/dlist.h"
 
 namespace {
@@ -44,13 +44,7 @@ void WriteClause(FILE* out, const char* prefix, const tClauseTemplate& clause) {
 }  // namespace
 
 void WriteStarter(tFilterData& document, FILE* out) {
-  std::fputs(
-      "## Parseable filter file information for rereading into Gatewright.\n"
-      "## DO NOT MODIFY THIS FILE BY HAND!\n",
-      out);
-  std::fprintf(out, "###%s%s%s%s\n", DataFileBanner.Text(), ProgramName.Text(), version.Text(),
-               AppVersion.Text());
-  std::fprintf(out, "###%s%s\n", DataFileTemplateHeader.Text(), document.TemplateTitle.Text());
+  WriteSectionHead(out, document.TemplateTitle.Text());
   std::fputs("###~~~~(Main)\n", out);
   for (const tClauseTemplate* clause : Walk<const tClauseTemplate>(document.MainRules))
     if (!(clause->Flags & tClauseTemplate::FixedClause)) WriteClause(out, "", *clause);
@@ -63,5 +57,5 @@ void WriteStarter(tFilterData& document, FILE* out) {
     for (const tClauseTemplate* clause : Walk<const tClauseTemplate>(document.LabelRules))
       if (!(clause->Flags & tClauseTemplate::FixedClause)) WriteClause(out, "## ", *clause);
   }
-  std::fputs("## End of parseable section ---------------------------------------------\n\n", out);
+  std::fputs(ParseableSectionEnd, out);
 }

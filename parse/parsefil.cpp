@@ -168,3 +168,5 @@ void tFilterDataFile::Next() {
     if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;
   }
 }
+
+int IsWritten(const String& line, const char* blank) { return line.AtFirstNotIn(blank) >= 0; }

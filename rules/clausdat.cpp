@@ -65,16 +65,21 @@ int tClauseData::HasData() const {
   return Check(0) || Check(1) || Check(2) || Check(3) || Values0.Size() > 0 || Values1.Size() > 0;
 }
 
-// The separator before a state depends on the variant's index, not on what was
-// written before it, so a state keeps its position when read back as long as
-// the labelled variants form one run.
+int StateField(const tClauseTemplate& clause, int variant) {
+  if (clause.VariantLabels[variant].Length() == 0) return -1;
+  int field = clause.VariantLabels[0].Length() == 0;
+  for (int i = 0; i < variant; ++i) field += clause.VariantLabels[i].Length() > 0;
+  return field;
+}
+
 void tClauseData::WriteStates(FILE* out) const {
   // Put byte by byte rather than through fprintf, which costs more than the
   // rest of the record's line; a state of more than one digit still goes
   // through it.
   for (int i = 0; i < 4; ++i) {
-    if (Template->VariantLabels[i].Length() == 0) continue;
-    if (i != 0) std::fputs(", ", out);
+    int field = StateField(*Template, i);
+    if (field < 0) continue;
+    if (field > 0) std::fputs(", ", out);
     int state = VariantStates[i];
     if (state >= 0 && state <= 9) {
       std::putc('0' + state, out);

@@ -44,9 +44,6 @@ int ToVariant(int n) {
   return n;
 }
 
-// A line that holds more than blanks, tabs and commas.
-int IsWritten(const String& line) { return line.AtFirstNotIn(" \t,") >= 0; }
-
 void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant, char kind) {
   for (const tPrioritizedString* text : Walk<const tPrioritizedString>(texts)) {
     std::fprintf(stream, "~%d, %d, %c\n", variant, text->Priority, kind);
@@ -54,27 +51,20 @@ void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant,
   }
 }
 
+// What ends a field of a header or parseable line, and what is removed from it.
+const char kFieldEnds[] = ",\n";
+const char kFieldBlanks[] = " \r\n\t,";
+
 // The first three fields of a header line, as SplitFields splits it, into
 // fields; returns how many fields the line has in all. A header is read for
 // every text of every template, and a list of fields would cost an element,
 // a link and a block for each.
 int HeaderFields(const String& header, String fields[3]) {
-  const char* text = header.Text();
-  const int n = header.Length();
-  std::string piece;
   int count = 0;
-  for (int i = 0; i < n; ++count) {
-    piece.clear();
-    for (; i < n; ++i) {
-      char c = text[i];
-      if (c != ' ' && c != '\r' && c != '\n' && c != '\t' && c != ',') piece.push_back(c);
-      if (c == ',' || c == '\n') {
-        ++i;
-        break;
-      }
-    }
+  ForEachPiece(header.Text(), kFieldEnds, kFieldBlanks, 0, [&](const std::string& piece) {
     if (count < 3) fields[count] = piece.c_str();
-  }
+    ++count;
+  });
   return count;
 }
 
@@ -99,7 +89,7 @@ tTextLists::~tTextLists() {
 }
 
 void SplitFields(DListtString& fields, const char* line) {
-  fields.FromString(line, ",\n", " \r\n\t,", 0);
+  fields.FromString(line, kFieldEnds, kFieldBlanks, 0);
 }
 
 void* tClauseTemplate::operator new(size_t size) { return TakeRecord(size); }
@@ -147,7 +137,8 @@ int tClauseTemplate::Read(tFilterTemplateFile& file) {
   // The rest of the string line, and any line before the first header line,
   // carries nothing.
   while (file.Ch() != '~') {
-    if (IsWritten(file.Line()))
+    // The strings are separated by commas as well as blanks.
+    if (IsWritten(file.Line(), " \t,"))
       file.Note(file.LineNumber, file.LineNumber == last ? NoteExtraStrings : NoteLineSkipped,
                 file.Line());
     file.Next();

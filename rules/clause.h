@@ -9,6 +9,7 @@
 #include "text/str.h"
 
 class tTextSink;
+class tClauseTemplate;
 
 // The texts of one kind ("S" or "V") of a clause template, one list for each
 // of the four variants, in the order of their priorities. Owns the lists and
@@ -56,6 +57,14 @@ class tTextLists {
 // blanks, tabs, line ends and commas are removed wherever they stand in it.
 void SplitFields(DListtString& fields, const char* line);
 
+// The field of a record's state line that the writer puts variant's state in
+// (tClauseData::WriteParseable): one state for each labelled variant, in
+// variant order, after an empty first field when variant 0 is unlabelled; -1
+// for an unlabelled variant. A reader takes field k as variant k's state, so
+// a state comes back where it was written only when the two agree. In
+// rules/clausdat.cpp.
+int StateField(const tClauseTemplate& clause, int variant);
+
 // One rule pattern of a template file: the clause's name, the captions the user
 // fills it in under, and its filter texts for each of four variants ("S" texts
 // once per variant in effect, "V" texts once per value or pair of values). Owns
@@ -96,7 +105,8 @@ class tClauseTemplate : public tObject {
 };
 
 // What the user filled in for one clause template: which variants are on and
-// the entries for the two value places. A clause with a companion template is
+// the entries for the two value places. Reading and the parseable lines in
+// rules/clausdat.cpp, the expansion in rules/expand.cpp. A clause with a companion template is
 // held as two records that point at each other; the first, the one in the data
 // set, owns the second and deletes it with itself, while deleting the second
 // only unhooks it from the first. The template is not owned.

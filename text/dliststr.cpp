@@ -88,8 +88,8 @@ tString* DListtString::operator[](int i) { return static_cast<tString*>(DList::o
 // so a long line with many entries splits in linear time. A piece runs up to
 // and including its separator; the strip set then removes characters anywhere
 // in it, the separator among them when the set holds it.
-void DListtString::FromString(const char* text, const char* separators, const char* strip,
-                              int skipLeading) {
+void ForEachPiece(const char* text, const char* separators, const char* strip, int skipLeading,
+                  const std::function<void(const std::string& piece)>& take) {
   if (!text) return;
   const tByteSet isSeparator(separators);
   const tByteSet isStripped(strip);
@@ -108,8 +108,14 @@ void DListtString::FromString(const char* text, const char* separators, const ch
     for (; i < end; ++i) {
       if (!isStripped.Has(text[i])) piece.push_back(text[i]);
     }
-    ToTail(new tString(piece.c_str()));
+    take(piece);
   }
+}
+
+void DListtString::FromString(const char* text, const char* separators, const char* strip,
+                              int skipLeading) {
+  ForEachPiece(text, separators, strip, skipLeading,
+               [this](const std::string& piece) { ToTail(new tString(piece.c_str())); });
 }
 
 // Joins in a buffer sized once instead of growing the text element by element;

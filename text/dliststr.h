@@ -2,8 +2,10 @@
 #define RULEFORGE_TEXT_DLISTSTR_H
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
+#include <string>
 
 #include "text/dlist.h"
 #include "text/str.h"
@@ -42,7 +44,15 @@ class tPrioritizedString : public tString {
   ~tPrioritizedString() override;
 };
 
-// A list of texts; also splits a value line into entries and joins them back.
+// Splits text into pieces: a piece ends after each separator or at the end
+// (with skipLeading, separators before a piece are passed over), and the bytes
+// of strip are removed wherever they stand in it. Hands each piece to piece in
+// order; the bytes are valid during the call only.
+void ForEachPiece(const char* text, const char* separators, const char* strip, int skipLeading,
+                  const std::function<void(const std::string& piece)>& piece);
+
+// A list of texts; also splits a value line into entries (ForEachPiece) and
+// joins them back.
 class DListtString : public DList {
  public:
   tString* Current() const;
