@@ -3,8 +3,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <map>
-#include <memory>
 #include <string>
 
 #include "text/dlist.h"
@@ -68,24 +66,11 @@ class DListtPrioritizedString : public DList {
   DListtPrioritizedString();
   tPrioritizedString* Current() const;
   // Links p in after every text whose priority is at most its own and before
-  // the first with a greater one, and makes it the current element.
+  // the first with a greater one, and makes it the current element. Walks
+  // from the cursor: fast when texts arrive near their place, as a
+  // template's texts do; the output orders its texts by other means.
   void ToSorted(tPrioritizedString* p);
   ~DListtPrioritizedString() override;
-
- private:
-  // The last link of each priority, valid while its Changes equals the
-  // list's. It finds the place of a new text without walking the list, which
-  // keeps insertion fast when priorities arrive out of order. Only long lists
-  // get one: a short list is walked, and a list costs one pointer until then.
-  struct tIndex {
-    std::map<int, DLink*> LastOfPriority;
-    unsigned long Changes = 0;
-  };
-  std::unique_ptr<tIndex> Index;
-  void Reindex();
-  void WalkToPlace(const tPrioritizedString* p);
-  bool PlaceHolds(std::map<int, DLink*>::iterator above, int priority) const;
-  void LinkBefore(std::map<int, DLink*>::iterator above, tPrioritizedString* p);
 };
 
 #endif
