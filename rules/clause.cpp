@@ -1,42 +1,10 @@
 #include "rules/clause.h"
 
-#include <new>
 #include <string>
 
 #include "rules/numbers.h"
-#include "text/slotpool.h"
 
 namespace {
-
-tSlotPool& ListSlots() {
-  static tSlotPool pool(sizeof(DListtPrioritizedString));
-  return pool;
-}
-
-// The pool for the records of the given size: one for templates, one for data
-// records; any other size (a derived class) uses the heap (null).
-tSlotPool* RecordSlots(size_t size) {
-  static tSlotPool templates(sizeof(tClauseTemplate));
-  static tSlotPool data(sizeof(tClauseData));
-  if (size == sizeof(tClauseTemplate)) return &templates;
-  if (size == sizeof(tClauseData)) return &data;
-  return nullptr;
-}
-
-void* TakeRecord(size_t size) {
-  tSlotPool* pool = RecordSlots(size);
-  return pool ? pool->Take() : ::operator new(size);
-}
-
-void GiveRecord(void* p, size_t size) {
-  if (!p) return;
-  tSlotPool* pool = RecordSlots(size);
-  if (pool) {
-    pool->Give(p);
-  } else {
-    ::operator delete(p);
-  }
-}
 
 int ToVariant(int n) {
   if (n > 3) return 3;
@@ -76,29 +44,13 @@ const DListtPrioritizedString& tTextLists::operator[](int variant) const {
 }
 
 DListtPrioritizedString& tTextLists::Make(int variant) {
-  if (!Lists[variant]) Lists[variant] = new (ListSlots().Take()) DListtPrioritizedString;
+  if (!Lists[variant]) Lists[variant].reset(new DListtPrioritizedString);
   return *Lists[variant];
-}
-
-tTextLists::~tTextLists() {
-  for (DListtPrioritizedString* list : Lists) {
-    if (!list) continue;
-    list->~DListtPrioritizedString();
-    ListSlots().Give(list);
-  }
 }
 
 void SplitFields(DListtString& fields, const char* line) {
   fields.FromString(line, kFieldEnds, kFieldBlanks, 0);
 }
-
-void* tClauseTemplate::operator new(size_t size) { return TakeRecord(size); }
-
-void tClauseTemplate::operator delete(void* p, size_t size) { GiveRecord(p, size); }
-
-void* tClauseData::operator new(size_t size) { return TakeRecord(size); }
-
-void tClauseData::operator delete(void* p, size_t size) { GiveRecord(p, size); }
 
 tClauseTemplate::tClauseTemplate() : Flags(0), Partner(nullptr), OwnsPartner(false) {}
 

@@ -3,9 +3,11 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <memory>
 
 #include "parse/parsefil.h"
 #include "text/dliststr.h"
+#include "text/slotpool.h"
 #include "text/str.h"
 
 class tTextSink;
@@ -18,10 +20,9 @@ class tClauseTemplate;
 // holds nothing.
 class tTextLists {
  public:
-  tTextLists() : Lists() {}
+  tTextLists() {}
   tTextLists(const tTextLists&) = delete;
   tTextLists& operator=(const tTextLists&) = delete;
-  ~tTextLists();
 
   // The list of a variant (0 to 3); an empty one when nothing was added.
   const DListtPrioritizedString& operator[](int variant) const;
@@ -47,9 +48,7 @@ class tTextLists {
   Iterator end() const { return Iterator(*this, 4); }
 
  private:
-  // Made in slots of a pool (rules/clause.cpp), as the lists of a run of
-  // many templates number in the tens of thousands.
-  DListtPrioritizedString* Lists[4];
+  std::unique_ptr<DListtPrioritizedString> Lists[4];
 };
 
 // Splits a header line of a template or a line of the parseable section into
@@ -71,7 +70,7 @@ int StateField(const tClauseTemplate& clause, int variant);
 // its texts. A main template owns its companion template (Partner) and deletes
 // it with itself; the companion points back at its main template without owning
 // it, and deleting a companion only unhooks it, leaving the main template alone.
-class tClauseTemplate : public tObject {
+class tClauseTemplate : public tObject, public tPooled<tClauseTemplate> {
  public:
   // Flag bit: all four variant labels are empty, so the user fills in nothing.
   static const unsigned FixedClause = 1;
@@ -84,11 +83,6 @@ class tClauseTemplate : public tObject {
   String VariantLabels[4];
   tTextLists SingleTexts;
   tTextLists ValueTexts;
-
-  // From a pool of equal slots (rules/clause.cpp): a run may read tens of
-  // thousands of templates.
-  static void* operator new(size_t size);
-  static void operator delete(void* p, size_t size);
 
   tClauseTemplate();
   ~tClauseTemplate() override;
@@ -110,17 +104,13 @@ class tClauseTemplate : public tObject {
 // held as two records that point at each other; the first, the one in the data
 // set, owns the second and deletes it with itself, while deleting the second
 // only unhooks it from the first. The template is not owned.
-class tClauseData : public tObject {
+class tClauseData : public tObject, public tPooled<tClauseData> {
  public:
   tClauseData* Partner;
   tClauseTemplate* Template;
   int VariantStates[4];
   DListtString Values0;
   DListtString Values1;
-
-  // From a pool of equal slots (rules/clause.cpp), as the templates are.
-  static void* operator new(size_t size);
-  static void operator delete(void* p, size_t size);
 
   tClauseData();
   ~tClauseData() override;

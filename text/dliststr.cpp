@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "text/slotpool.h"
 #include "text/strblock.h"
 
 namespace {
@@ -17,32 +16,7 @@ int Compare(const String& a, const String& b) {
   return order ? order : a.Length() - b.Length();
 }
 
-// The pool for elements of the given size: one for tString, one for
-// tPrioritizedString; other derived classes use the heap (null).
-tSlotPool* StringSlots(size_t size) {
-  static tSlotPool plain(sizeof(tString));
-  static tSlotPool prioritized(sizeof(tPrioritizedString));
-  if (size == sizeof(tString)) return &plain;
-  if (size == sizeof(tPrioritizedString)) return &prioritized;
-  return nullptr;
-}
-
 }  // namespace
-
-void* tString::operator new(size_t size) {
-  tSlotPool* pool = StringSlots(size);
-  return pool ? pool->Take() : ::operator new(size);
-}
-
-void tString::operator delete(void* p, size_t size) {
-  if (!p) return;
-  tSlotPool* pool = StringSlots(size);
-  if (pool) {
-    pool->Give(p);
-  } else {
-    ::operator delete(p);
-  }
-}
 
 tString::tString() {}
 

@@ -6,17 +6,15 @@
 #include <string>
 
 #include "text/dlist.h"
+#include "text/slotpool.h"
 #include "text/str.h"
 
 // A String that can live in a DList; ordered by its text, byte by byte.
 // Elements of exactly this class, and of tPrioritizedString, come from pools of
 // equal slots, which a value list of a million entries fills with a million of
 // them at half the cost of separate allocations.
-class tString : public String, public tObject {
+class tString : public String, public tObject, public tPooled<tString> {
  public:
-  static void* operator new(size_t size);
-  static void operator delete(void* p, size_t size);
-
   tString();
   tString(const char* s);
   tString(const String& s);
@@ -29,8 +27,11 @@ class tString : public String, public tObject {
 
 // A generated or template text with the priority that orders it in the output.
 // Compared by priority only; the text plays no part in the order.
-class tPrioritizedString : public tString {
+class tPrioritizedString : public tString, public tPooled<tPrioritizedString> {
  public:
+  using tPooled<tPrioritizedString>::operator new;
+  using tPooled<tPrioritizedString>::operator delete;
+
   int Priority;
 
   tPrioritizedString();
