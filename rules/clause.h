@@ -128,6 +128,9 @@ class tClauseData : public tObject, public tPooled<tClauseData> {
   void ResolvedPlaces(int uses[2]) const;
   int WriteParseable(FILE* out);
   int Read(tFilterDataFile& in);
+  // Set once Read has read the record's lines (a record is made afresh for
+  // every reading of its data set).
+  bool WasRead() const { return ReadIn; }
   // Hands the generated texts of this record and of its companion to out, in
   // the order of generation (rules/expand.cpp).
   int WriteFilter(tTextSink& out);
@@ -135,6 +138,7 @@ class tClauseData : public tObject, public tPooled<tClauseData> {
  private:
   // Set on the first record of a pair: it deletes its Partner.
   bool OwnsPartner;
+  bool ReadIn;
 
   void WriteStates(FILE* out) const;
   void WriteValues(FILE* out);

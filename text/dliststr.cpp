@@ -62,30 +62,6 @@ tString* DListtString::operator[](int i) { return static_cast<tString*>(DList::o
 // so a long line with many entries splits in linear time. A piece runs up to
 // and including its separator; the strip set then removes characters anywhere
 // in it, the separator among them when the set holds it.
-void ForEachPiece(const char* text, const char* separators, const char* strip, int skipLeading,
-                  const std::function<void(const std::string& piece)>& take) {
-  if (!text) return;
-  const tByteSet isSeparator(separators);
-  const tByteSet isStripped(strip);
-  const size_t n = std::strlen(text);
-  std::string piece;
-  size_t i = 0;
-  while (i < n) {
-    if (skipLeading) {
-      while (i < n && isSeparator.Has(text[i])) ++i;
-      if (i == n) break;
-    }
-    size_t end = i;
-    while (end < n && !isSeparator.Has(text[end])) ++end;
-    if (end < n) ++end;
-    piece.clear();
-    for (; i < end; ++i) {
-      if (!isStripped.Has(text[i])) piece.push_back(text[i]);
-    }
-    take(piece);
-  }
-}
-
 void DListtString::FromString(const char* text, const char* separators, const char* strip,
                               int skipLeading) {
   ForEachPiece(text, separators, strip, skipLeading,

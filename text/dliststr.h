@@ -2,7 +2,7 @@
 #define RULEFORGE_TEXT_DLISTSTR_H
 
 #include <cstddef>
-#include <functional>
+#include <cstring>
 #include <string>
 
 #include "text/dlist.h"
@@ -47,8 +47,9 @@ class tPrioritizedString : public tString, public tPooled<tPrioritizedString> {
 // (with skipLeading, separators before a piece are passed over), and the bytes
 // of strip are removed wherever they stand in it. Hands each piece to piece in
 // order; the bytes are valid during the call only.
+template <class F>
 void ForEachPiece(const char* text, const char* separators, const char* strip, int skipLeading,
-                  const std::function<void(const std::string& piece)>& piece);
+                  F piece);
 
 // A list of texts; also splits a value line into entries (ForEachPiece) and
 // joins them back.
@@ -62,7 +63,7 @@ class DListtString : public DList {
 };
 
 // Texts kept in ascending priority, ties in the order of insertion.
-class DListtPrioritizedString : public DList {
+class DListtPrioritizedString : public DList, public tPooled<DListtPrioritizedString> {
  public:
   DListtPrioritizedString();
   tPrioritizedString* Current() const;
@@ -73,5 +74,31 @@ class DListtPrioritizedString : public DList {
   void ToSorted(tPrioritizedString* p);
   ~DListtPrioritizedString() override;
 };
+
+template <class F>
+void ForEachPiece(const char* text, const char* separators, const char* strip, int skipLeading,
+                  F take) {
+  if (!text) return;
+  bool isSeparator[256] = {}, isStripped[256] = {};
+  for (; *separators; ++separators) isSeparator[static_cast<unsigned char>(*separators)] = true;
+  for (; *strip; ++strip) isStripped[static_cast<unsigned char>(*strip)] = true;
+  auto in = [](const bool* set, char c) { return set[static_cast<unsigned char>(c)]; };
+  std::string piece;
+  const char* end = text + std::strlen(text);
+  while (text < end) {
+    if (skipLeading) {
+      while (text < end && in(isSeparator, *text)) ++text;
+      if (text == end) break;
+    }
+    const char* stop = text;
+    while (stop < end && !in(isSeparator, *stop)) ++stop;
+    if (stop < end) ++stop;
+    piece.clear();
+    for (; text < stop; ++text) {
+      if (!in(isStripped, *text)) piece.push_back(*text);
+    }
+    take(piece);
+  }
+}
 
 #endif
