@@ -27,7 +27,8 @@ int Fault(const char* call, const char* path) {
   static const struct {
     const char* name;
     int value;
-  } kErrors[] = {{"EACCES", EACCES}, {"EAGAIN", EAGAIN}, {"EIO", EIO}, {"ENOSPC", ENOSPC}, {"EPERM", EPERM}};
+  } kErrors[] = {
+      {"EACCES", EACCES}, {"EAGAIN", EAGAIN}, {"EIO", EIO}, {"ENOSPC", ENOSPC}, {"EPERM", EPERM}};
   std::string faults(wanted);
   for (size_t start = 0; start < faults.size();) {
     size_t end = faults.find(';', start);
