@@ -38,6 +38,7 @@ int Finish(int status) {
 // written. With -s it prints a starting data file.
 int main(int argc, char** argv) {
   std::set_new_handler(OutOfMemory);
+  EscapeMessages = 1;
   String templateName;
   int resolve = 1;
   int starter = 0;

@@ -176,6 +176,12 @@ void tCheckNotes::Note(int line, tNote what, const String& detail) {
   String quoted = Quoted(detail);
   String text;
   switch (what) {
+    case NoteNulByte:
+      if (InData && Where == BelowSection) return;
+      text =
+          "line holds a NUL byte: ruleforge drops what follows it on the line, line end "
+          "included, so the next line is read as part of this one (remove the byte)";
+      break;
     case NoteLineSkipped:
       text = "line " + quoted +
              " is skipped: it belongs to no section, clause or text (begin a comment with \"//\")";

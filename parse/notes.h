@@ -6,6 +6,8 @@
 // What a reader did with input it could not take as written. Each note comes
 // with the physical line (from 1) it concerns and, where one helps, a detail.
 enum tNote {
+  // Either input.
+  NoteNulByte,  // a line holds a NUL byte: what follows it is lost; the line as read
   // Template file.
   NoteLineSkipped,            // a non-blank line outside any section or clause; the line
   NoteUnknownSection,         // a section of another name is skipped; the name

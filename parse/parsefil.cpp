@@ -19,7 +19,8 @@ tParseableFile::tParseableFile(const char* name)
       Stream(nullptr),
       CurrentLine(""),
       Pos(0),
-      LineText(nullptr) {
+      LineText(nullptr),
+      Joined(0) {
   Open(name);
 }
 
@@ -36,6 +37,7 @@ int tParseableFile::Open(const char* name) {
   Pos = 0;
   LineNumber = 0;
   TakenFrom = 0;
+  Joined = 0;
   Refresh();
   return IsOpen;
 }
@@ -74,7 +76,12 @@ void tParseableFile::Next() {
     return;
   }
   for (;;) {
-    if (CurrentLine.fgets(Stream) || CurrentLine.Length() > 0) ++LineNumber;
+    String::tLineRead read;
+    if (CurrentLine.fgets(Stream, &read) || CurrentLine.Length() > 0) {
+      LineNumber += 1 + Joined;
+      Joined = read.Joined;
+      if (read.NulBytes) Note(LineNumber, NoteNulByte, CurrentLine);
+    }
     if (CurrentLine.Length() > 0 || AtStreamEnd()) break;
   }
   // A descriptor that is not open (a closed standard input) and a directory

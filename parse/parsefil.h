@@ -54,6 +54,9 @@ class tParseableFile {
   String CurrentLine;
   int Pos;
   const char* LineText;
+  // The physical lines that NUL bytes joined onto the current line; the next
+  // line's number counts them.
+  int Joined;
 
   int Remaining() const { return CurrentLine.Length() - Pos; }
   int AtStreamEnd() const;
