@@ -53,7 +53,7 @@ int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
 }  // namespace
 
 tCheckNotes::tCheckNotes(tFindings& findings)
-    : Findings(findings), Sorted(true), InData(false), Where(BeforeSection) {}
+    : Findings(findings), Sorted(true), LastPlaced(nullptr), InData(false), Where(BeforeSection) {}
 
 void tCheckNotes::Rules(DListtClauseTemplate* mainRules, DListtClauseTemplate* labelRules) {
   DListtClauseTemplate* lists[] = {mainRules, labelRules};
@@ -110,6 +110,13 @@ int tCheckNotes::LineOf(const void* element) const {
 void tCheckNotes::Placed(const void* element, int line) {
   (InData ? DataPlaces : TemplatePlaces).emplace_back(element, line);
   Sorted = false;
+  LastPlaced = element;
+}
+
+const std::vector<int>& tCheckNotes::LinesOfText(const void* text) const {
+  static const std::vector<int> none;
+  auto found = TextLines.find(text);
+  return found == TextLines.end() ? none : found->second;
 }
 
 // Only the lines of the parseable section are data; what stands above it and
@@ -171,6 +178,10 @@ void tCheckNotes::Note(int line, tNote what, const String& detail) {
   // Every line of a data input comes here; most are as meant.
   if (what == NoteDataLine || what == NoteDataLineSkipped || what == NoteBareMarker) {
     DataLine(line, what, detail);
+    return;
+  }
+  if (what == NoteTextLine) {
+    TextLines[LastPlaced].push_back(line);
     return;
   }
   String quoted = Quoted(detail);
@@ -260,6 +271,7 @@ void tCheckNotes::Note(int line, tNote what, const String& detail) {
     case NoteDataLine:
     case NoteDataLineSkipped:
     case NoteBareMarker:
+    case NoteTextLine:
       return;
     case NoteNoStates:
       text =

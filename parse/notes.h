@@ -25,6 +25,7 @@ enum tNote {
   NoteLabelLineAlone,         // "~" alone as the label line: the next line was the number
   NoteSubstitutionSwallows,   // a substitution line took its value from the next line
   NoteSubstitutionUnclosed,   // a substitution line without a third delimiter; the name
+  NoteTextLine,               // a line taken into the text placed last, as meant; no detail
   // Data input.
   NoteDataLine,         // a line delivered as data; the line as written
   NoteDataLineSkipped,  // a line that is not data; the line as written
