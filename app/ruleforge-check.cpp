@@ -49,6 +49,7 @@ int main(int argc, char** argv) {
   std::set_new_handler(OutOfMemory);
   int answered = AnswerHelpOrVersion(argc, argv, kHelp);
   if (answered >= 0) return answered;
+  EscapeMessages = 1;
   String templateName;
   int resolve = 1;
   int starter = 0;
