@@ -28,7 +28,9 @@ class tFilterData : public tObject {
 
   int ReadTemplate(const char* fileName);
   int WriteTemplate(const char* fileName) const;
-  int ReadData(const char* fileName);
+  // shownName, when given, names the input in messages instead of fileName
+  // (standard input when null).
+  int ReadData(const char* fileName, const char* shownName = nullptr);
   // keepUnchanged: see DListOfDListtClauseData::Write.
   int WriteData(const char* fileName, int keepUnchanged = 0);
   int New();
