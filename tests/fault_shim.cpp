@@ -7,7 +7,8 @@
 // does ACTION. ACTION is an errno name (the call fails with it), a signal
 // name (the signal is raised before the call), or, for readlinkat only,
 // "relink=TARGET" (once the link is read, it is switched to point to TARGET,
-// as another user switching it would). rename, renameat and linkat are matched
+// as another user switching it would). openat_tmpfile is openat asked for an
+// unnamed file (O_TMPFILE), matched by the folder's name. rename, renameat and linkat are matched
 // by their new name, remove and unlinkat by their name, fsync, fchmod, fchown,
 // fclose and fwrite by the path of the descriptor (an unnamed file's path ends
 // in "(deleted)"); fclose closes the stream all the same, as a close that
@@ -19,6 +20,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -122,6 +124,17 @@ extern "C" ssize_t readlinkat(int folder, const char* name, char* buffer, size_t
     errno = saved;
   }
   return length;
+}
+
+extern "C" int openat(int folder, const char* name, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  mode_t mode = (flags & O_CREAT) || (flags & O_TMPFILE) == O_TMPFILE ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  if ((flags & O_TMPFILE) == O_TMPFILE) {
+    if (int fault = Fault("openat_tmpfile", name)) return errno = fault, -1;
+  }
+  return Next<int (*)(int, const char*, int, ...)>("openat")(folder, name, flags, mode);
 }
 
 extern "C" int fsync(int fd) {

@@ -21,7 +21,7 @@ int NoHardLinks(int error) { return error == EPERM || error == EOPNOTSUPP || err
 int SyncFolder(tUpdateTarget& target, int done) {
   if (fsync(target.Folder()) == 0) return 0;
   String reason = std::strerror(errno);
-  String folder = target.ShownFolder().Length() > 0 ? target.ShownFolder() : String("./");
+  String folder = target.ShownFolder().Length() > 0 ? target.ShownFolder() : String(".");
   if (done) {
     Error(18, String("Could not sync the folder '") + folder + "' to the disk (" + reason + "): '" +
                   target.Name() + "' holds the new version and '" +
