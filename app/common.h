@@ -7,6 +7,11 @@
 // between the stages of a run and returns it as the exit status.
 extern int error;
 
+// 1 in the programs beside ruleforge: their messages show control characters
+// of the input they quote escaped (text/shown.h). 0 by default, so that
+// ruleforge prints its messages as they stand.
+extern int EscapeMessages;
+
 // Prints "ERROR(code): text" on standard error and records the code in error.
 void Error(int code, const char* text);
 void Error(int code, const String& text);

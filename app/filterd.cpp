@@ -167,10 +167,10 @@ int tFilterData::WriteTemplate(const char* fileName) const {
   return 0;
 }
 
-int tFilterData::ReadData(const char* fileName) {
+int tFilterData::ReadData(const char* fileName, const char* shownName) {
   int result = DataSets.Read(fileName, TemplateTitle.Text(), MainRules, LabelRules, Notes);
   if (result >= 0) return 0;
-  String name(fileName);
+  String name(shownName ? shownName : fileName);
   if (result == -1) {
     Error(3, String("Could not open '") + name + "'.");
     return -3;

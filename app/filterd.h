@@ -29,7 +29,9 @@ class tFilterData : public tObject {
 
   int ReadTemplate(const char* fileName);
   int WriteTemplate(const char* fileName) const;
-  int ReadData(const char* fileName);
+  // shownName, when given, names the input in messages instead of fileName
+  // (standard input when null).
+  int ReadData(const char* fileName, const char* shownName = nullptr);
   // Writes the output to standard output when fileName is null, else saves it
   // to that file (keepUnchanged: see SaveOutput). The resolver exists while it
   // runs when names are resolved.

@@ -6,6 +6,8 @@
 // What a reader did with input it could not take as written. Each note comes
 // with the physical line (from 1) it concerns and, where one helps, a detail.
 enum tNote {
+  // Either input.
+  NoteNulByte,  // a line holds a NUL byte: what follows it is lost; the line as read
   // Template file.
   NoteLineSkipped,            // a non-blank line outside any section or clause; the line
   NoteUnknownSection,         // a section of another name is skipped; the name
@@ -23,6 +25,7 @@ enum tNote {
   NoteLabelLineAlone,         // "~" alone as the label line: the next line was the number
   NoteSubstitutionSwallows,   // a substitution line took its value from the next line
   NoteSubstitutionUnclosed,   // a substitution line without a third delimiter; the name
+  NoteTextLine,               // a line taken into the text placed last, as meant; no detail
   // Data input.
   NoteDataLine,         // a line delivered as data; the line as written
   NoteDataLineSkipped,  // a line that is not data; the line as written

@@ -18,7 +18,8 @@ tParseableFile::tParseableFile(const char* name, tReadNotes& notes)
       Notes(notes),
       Stream(nullptr),
       CurrentLine(""),
-      Pos(0) {
+      Pos(0),
+      Joined(0) {
   Open(name);
 }
 
@@ -35,6 +36,7 @@ int tParseableFile::Open(const char* name) {
   Pos = 0;
   LineNumber = 0;
   TakenFrom = 0;
+  Joined = 0;
   return IsOpen;
 }
 
@@ -69,7 +71,12 @@ void tParseableFile::Next() {
     return;
   }
   for (;;) {
-    if (CurrentLine.fgets(Stream) || CurrentLine.Length() > 0) ++LineNumber;
+    String::tLineRead read;
+    if (CurrentLine.fgets(Stream, &read) || CurrentLine.Length() > 0) {
+      LineNumber += 1 + Joined;
+      Joined = read.Joined;
+      if (read.NulBytes) Note(LineNumber, NoteNulByte, CurrentLine);
+    }
     if (CurrentLine.Length() > 0 || AtStreamEnd()) break;
   }
   // A descriptor that is not open (a closed standard input) and a directory

@@ -49,6 +49,9 @@ class tParseableFile {
   // instead of cutting the front off, so taking a long line apart stays linear.
   String CurrentLine;
   int Pos;
+  // The physical lines that NUL bytes joined onto the current line; the next
+  // line's number counts them.
+  int Joined;
 
   int Remaining() const { return CurrentLine.Length() - Pos; }
   int AtStreamEnd() const;

@@ -145,8 +145,9 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
 
   tPrioritizedString* text = new tPrioritizedString(Empty, priority);
   texts->ToSorted(text);
-  file.Placed(text, file.LineNumber);
+  file.Placed(text, line);
   while (!file.Eof() && file.Ch() != '~') {
+    file.Note(file.LineNumber, NoteTextLine);
     *text += file.GetLine();
     *text += "\n";
   }
