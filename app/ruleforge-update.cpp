@@ -4,6 +4,8 @@
 #include <cstring>
 #include <vector>
 
+#include "app/about.h"
+#include "app/about.h"
 #include "app/common.h"
 #include "app/filterd.h"
 #include "check/checknotes.h"
@@ -21,6 +23,14 @@
 namespace {
 
 const char kUsage[] = " [-n] [-f] [-r] [-t templatefile] file...";
+const char* const kUsages[] = {"[-n] [-f] [-r] [-t templatefile] file..."};
+const tOptionHelp kOptions[] = {
+    {"-n", "show what would change as a unified diff; save nothing"},
+    {"-f", "save even when data lines are read otherwise than written"},
+    {"-r", "do not resolve host names"},
+    {"-t templatefile", "read templatefile instead of mkrule.tpl"},
+};
+const tProgramHelp kHelp = {"ruleforge-update", kUsages, 1, kOptions, 4};
 
 struct tOptions {
   int Preview = 0;
@@ -102,6 +112,8 @@ void UpdateFile(tFilterData& document, tUpdateNotes& notes, tCheckNotes& check, 
 // status is the code of the last error.
 int main(int argc, char** argv) {
   InstallCleanup();
+  int answered = AnswerHelpOrVersion(argc, argv, kHelp);
+  if (answered >= 0) return answered;
   tOptions options;
   if (!ReadOptions(argc, argv, options)) return 1;
 
@@ -111,7 +123,7 @@ int main(int argc, char** argv) {
   const char* templateName =
       options.TemplateName.Length() > 0 ? options.TemplateName.Text() : nullptr;
   findings.Begin(templateName ? templateName : "mkrule.tpl");
-  tFilterData document(templateName, options.Resolve, &notes);
+  tFilterData document(templateName, options.Resolve, notes);
   if (error != 0) return error;
   CheckTemplate(document, check, findings);
   findings.Print(stderr);

@@ -12,9 +12,12 @@
 // by their new name, remove and unlinkat by their name, fsync, fchmod, fchown,
 // fclose and fwrite by the path of the descriptor (an unnamed file's path ends
 // in "(deleted)"); fclose closes the stream all the same, as a close that
-// reports a late write error does.
+// reports a late write error does. pthread_create has no path:
+// "pthread_create::EAGAIN" makes every thread fail to start, as where a
+// process may not have more threads.
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -55,7 +58,7 @@ int Fault(const char* call, const char* path) {
   static const struct {
     const char* name;
     int value;
-  } kErrors[] = {{"EACCES", EACCES}, {"EIO", EIO},     {"ENOSPC", ENOSPC},
+  } kErrors[] = {{"EACCES", EACCES}, {"EAGAIN", EAGAIN}, {"EIO", EIO},     {"ENOSPC", ENOSPC},
                  {"EPERM", EPERM},   {"EXDEV", EXDEV}, {"EOPNOTSUPP", EOPNOTSUPP}},
     kSignals[] = {
         {"SIGINT", SIGINT}, {"SIGTERM", SIGTERM}, {"SIGHUP", SIGHUP}, {"SIGKILL", SIGKILL}};
@@ -162,4 +165,11 @@ extern "C" int fclose(FILE* stream) {
   int result = Next<int (*)(FILE*)>("fclose")(stream);
   if (fault) return errno = fault, EOF;
   return result;
+}
+
+extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
+                              void* (*start)(void*), void* argument) {
+  if (int fault = Fault("pthread_create", "")) return fault;
+  return Next<int (*)(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*)>(
+      "pthread_create")(thread, attributes, start, argument);
 }

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "app/common.h"
-#include "rules/savename.h"
+#include "output/savename.h"
 #include "update/cleanup.h"
 
 namespace {

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "app/common.h"
+#include "output/output.h"
 #include "resolve/dnsresol.h"
 #include "update/replace.h"
 #include "update/tempfile.h"
@@ -14,9 +15,7 @@ int WriteWhole(tFilterData& document, FILE* out, const char* shownName) {
   if (document.ResolveNames) Resolver = new tDNSResolver;
   tProgress progress;
   progress.Caption((String("Saving to ") + shownName).Text());
-  tOutputFrame frame{document.TemplateTitle.Text(), document.FirstLabel, document.SubstitutionNames,
-                     document.SubstitutionValues};
-  int result = document.DataSets.WriteTo(out, shownName, frame, progress);
+  int result = WriteOutput(out, shownName, document.DataSets, document.OutputFrame(), progress);
   delete Resolver;
   Resolver = nullptr;
   return result;

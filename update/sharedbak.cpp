@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "app/common.h"
-#include "rules/savename.h"
+#include "output/savename.h"
 
 namespace {
 

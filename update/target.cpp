@@ -7,7 +7,7 @@
 #include <cerrno>
 
 #include "app/common.h"
-#include "rules/savename.h"
+#include "output/savename.h"
 
 namespace {
 

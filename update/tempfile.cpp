@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "app/common.h"
-#include "rules/writeerr.h"
+#include "output/writeerr.h"
 #include "update/cleanup.h"
 
 namespace {
