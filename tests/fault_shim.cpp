@@ -58,8 +58,9 @@ int Fault(const char* call, const char* path) {
   static const struct {
     const char* name;
     int value;
-  } kErrors[] = {{"EACCES", EACCES}, {"EAGAIN", EAGAIN}, {"EIO", EIO},     {"ENOSPC", ENOSPC},
-                 {"EPERM", EPERM},   {"EXDEV", EXDEV}, {"EOPNOTSUPP", EOPNOTSUPP}},
+  } kErrors[] = {{"EACCES", EACCES},        {"EAGAIN", EAGAIN}, {"EIO", EIO},
+                 {"ENOSPC", ENOSPC},        {"EPERM", EPERM},   {"EXDEV", EXDEV},
+                 {"EOPNOTSUPP", EOPNOTSUPP}},
     kSignals[] = {
         {"SIGINT", SIGINT}, {"SIGTERM", SIGTERM}, {"SIGHUP", SIGHUP}, {"SIGKILL", SIGKILL}};
   std::string action = Action(call, path);
