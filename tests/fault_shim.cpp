@@ -5,7 +5,8 @@
 // faults separated by ";", each "call:text:ACTION": every call of that
 // function on a path containing text (or ending in it, when text ends in "$")
 // does ACTION. ACTION is an errno name (the call fails with it), a signal
-// name (the signal is raised before the call), or, for readlinkat only,
+// name (the signal is raised before the call), "outofmemory" (the program's
+// new-handler runs before the call, as when an allocation there failed), or, for readlinkat only,
 // "relink=TARGET" (once the link is read, it is switched to point to TARGET,
 // as another user switching it would). openat_tmpfile is openat asked for an
 // unnamed file (O_TMPFILE), matched by the folder's name. rename, renameat and linkat are matched
@@ -27,6 +28,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 #include <string>
 
 namespace {
@@ -64,6 +66,8 @@ int Fault(const char* call, const char* path) {
     kSignals[] = {
         {"SIGINT", SIGINT}, {"SIGTERM", SIGTERM}, {"SIGHUP", SIGHUP}, {"SIGKILL", SIGKILL}};
   std::string action = Action(call, path);
+  std::new_handler handler = std::get_new_handler();
+  if (action == "outofmemory" && handler) handler();
   for (const auto& signal : kSignals) {
     if (action == signal.name) raise(signal.value);
   }
