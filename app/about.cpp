@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "app/common.h"
-#include "rules/writeerr.h"
+#include "output/writeerr.h"
 
 namespace {
 

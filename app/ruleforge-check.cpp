@@ -11,7 +11,7 @@
 #include "check/lookups.h"
 #include "check/starter.h"
 #include "check/tplcheck.h"
-#include "rules/writeerr.h"
+#include "output/writeerr.h"
 #include "text/str.h"
 
 namespace {
@@ -49,6 +49,7 @@ int main(int argc, char** argv) {
   std::set_new_handler(OutOfMemory);
   int answered = AnswerHelpOrVersion(argc, argv, kHelp);
   if (answered >= 0) return answered;
+  EscapeMessages = 1;
   String templateName;
   int resolve = 1;
   int starter = 0;
@@ -76,11 +77,15 @@ int main(int argc, char** argv) {
 
   tFindings findings;
   tCheckNotes notes(findings);
+  // The readers report these conditions too; the notes make findings of them.
+  QuietWarning(1);
+  QuietWarning(2);
+  QuietError(6);
   int unreadable = 0;
   {
     const char* name = templateName.Length() > 0 ? templateName.Text() : nullptr;
     findings.Begin(name ? name : "mkrule.tpl");
-    tFilterData document(name, resolve, &notes);
+    tFilterData document(name, resolve, notes);
     if (error != 0) return 2;
     if (starter) {
       WriteStarter(document, stdout);
@@ -93,9 +98,7 @@ int main(int argc, char** argv) {
       int standardInput = std::strcmp(file, "-") == 0;
       findings.Begin(standardInput ? "<stdin>" : file);
       notes.BeginData();
-      error = 0;
-      document.ReadData(standardInput ? nullptr : file);
-      if (error != 0) {
+      if (document.ReadData(standardInput ? nullptr : file) < 0) {
         unreadable = 1;
         continue;
       }

@@ -8,6 +8,7 @@
 
 #include "app/common.h"
 #include "app/filterd.h"
+#include "output/output.h"
 #include "resolve/dnsresol.h"
 #include "resolve/hostlookup.h"
 #include "rules/lookups.h"
@@ -70,9 +71,12 @@ TEST(HostLookup, ThreadsAnswerEveryNameWhateverItsSize) {
   }
 }
 
-// Reports nothing, like the silent sink, but is not it: the output then looks
-// every name up as the expansion meets it.
-class tOtherProgress : public tProgress {};
+// Reports nothing, like the silent sink, but says it may stop the output part
+// way: the output then looks every name up as the expansion meets it.
+class tOtherProgress : public tProgress {
+ public:
+  bool MayStop() const override { return true; }
+};
 
 // The names found ahead are exactly the ones the expansion looks up, in the
 // same order: variants off, single texts, skipped texts, companions and label
@@ -92,10 +96,10 @@ TEST(Resolver, NamesFoundAheadAreTheOnesTheExpansionLooksUp) {
   Resolver = new tDNSResolver;
   tOtherProgress progress;
   Captured([&](FILE* out) {
-    document.DataSets.WriteTo(out, "",
-                              tOutputFrame{"", document.FirstLabel, document.SubstitutionNames,
-                                           document.SubstitutionValues},
-                              progress);
+    WriteOutput(out, "", document.DataSets,
+                tOutputFrame{"", document.FirstLabel, document.SubstitutionNames,
+                             document.SubstitutionValues},
+                progress);
   });
   std::vector<std::string> met;
   for (const tString* name : Walk<const tString>(Resolver->HostNames)) met.push_back(name->Text());
