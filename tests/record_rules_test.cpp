@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "resolve/entry.h"
-
 #include "rules/clause.h"
 
 namespace {
