@@ -17,6 +17,14 @@ const String TemplateFileBanner("VRK Filter Template File");
 
 namespace {
 
+// Bit n set: code n's line is left out. Codes are small.
+unsigned long long quietErrors = 0;
+unsigned long long quietWarnings = 0;
+
+bool IsQuiet(unsigned long long quiet, int code) {
+  return code >= 0 && code < 64 && (quiet >> code & 1);
+}
+
 // Allocates only for a text that needs escaping, so that the out-of-memory
 // message can still be printed.
 void Print(const char* format, int code, const char* text) {
@@ -29,14 +37,20 @@ void Print(const char* format, int code, const char* text) {
 
 }  // namespace
 
+void QuietError(int code) { quietErrors |= 1ULL << code; }
+
+void QuietWarning(int code) { quietWarnings |= 1ULL << code; }
+
 void Error(int code, const char* text) {
-  Print("ERROR(%d): %s\n", code, text);
+  if (!IsQuiet(quietErrors, code)) Print("ERROR(%d): %s\n", code, text);
   error = code;
 }
 
 void Error(int code, const String& text) { Error(code, text.Text()); }
 
-void Warning(int code, const char* text) { Print("Warning(%d): %s\n", code, text); }
+void Warning(int code, const char* text) {
+  if (!IsQuiet(quietWarnings, code)) Print("Warning(%d): %s\n", code, text);
+}
 
 void Warning(int code, const String& text) { Warning(code, text.Text()); }
 

@@ -18,6 +18,11 @@ void Error(int code, const String& text);
 // Prints "Warning(code): text" on standard error; changes nothing.
 void Warning(int code, const char* text);
 void Warning(int code, const String& text);
+// Leave the message line of one code out from then on: a program that reports
+// the condition in its own terms (ruleforge-check makes findings of warnings 1
+// and 2 and error 6) quiets the line. Error still records a quieted code.
+void QuietError(int code);
+void QuietWarning(int code);
 
 // Ends the run at once when memory runs out: prints "ERROR(12): Out of memory.",
 // flushes what standard output already holds and exits with status 12, without

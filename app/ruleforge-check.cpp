@@ -3,10 +3,11 @@
 #include <new>
 #include <vector>
 
+#include "app/about.h"
 #include "app/common.h"
 #include "check/run.h"
 #include "check/stdinput.h"
-#include "rules/writeerr.h"
+#include "output/writeerr.h"
 #include "text/str.h"
 
 namespace {
@@ -22,6 +23,14 @@ int Finish(int status) {
   return status;
 }
 
+const char* const kUsages[] = {"[-r] [-t templatefile] [datafile ...]", "-s [-t templatefile]"};
+const tOptionHelp kOptions[] = {
+    {"-r", "look no names up; entries for resolved places are not checked as addresses"},
+    {"-s", "print a starting data file for the template instead of checking"},
+    {"-t templatefile", "read templatefile instead of mkrule.tpl"},
+};
+const tProgramHelp kHelp = {"ruleforge-check", kUsages, 2, kOptions, 3};
+
 }  // namespace
 
 // ruleforge-check [-r] [-t templatefile] [datafile ...]
@@ -34,6 +43,8 @@ int Finish(int status) {
 // written. With -s it prints a starting data file.
 int main(int argc, char** argv) {
   std::set_new_handler(OutOfMemory);
+  int answered = AnswerHelpOrVersion(argc, argv, kHelp);
+  if (answered >= 0) return answered;
   EscapeMessages = 1;
   String templateName;
   int resolve = 1;

@@ -11,11 +11,15 @@
 
 int CheckFiles(const char* templateName, const std::vector<const char*>& dataFiles, int resolve,
                FILE* out) {
+  // The readers report these conditions too; the notes make findings of them.
+  QuietWarning(1);
+  QuietWarning(2);
+  QuietError(6);
   tFindings findings;
   tCheckNotes notes(findings);
   findings.Begin(templateName ? templateName : "mkrule.tpl");
   error = 0;
-  tFilterData document(templateName, resolve, &notes);
+  tFilterData document(templateName, resolve, notes);
   if (error != 0) return 2;
   CheckTemplate(document, notes, findings);
   findings.Print(out);
@@ -24,9 +28,7 @@ int CheckFiles(const char* templateName, const std::vector<const char*>& dataFil
   for (const char* file : dataFiles) {
     findings.Begin(file ? file : "<stdin>");
     notes.BeginData();
-    error = 0;
-    document.ReadData(file);
-    if (error != 0) {
+    if (document.ReadData(file) < 0) {
       unreadable = 1;
       continue;
     }
@@ -43,7 +45,7 @@ int WriteStarterFile(const char* templateName, FILE* out, FILE* findingsOut) {
   tCheckNotes notes(findings);
   findings.Begin(templateName ? templateName : "mkrule.tpl");
   error = 0;
-  tFilterData document(templateName, 0, &notes);
+  tFilterData document(templateName, 0, notes);
   if (error != 0) return 2;
   WriteStarter(document, notes, findings, out);
   findings.Print(findingsOut);

@@ -45,11 +45,17 @@ enum tNote {
 
 // Receives the notes of a reader and where the elements it built were read
 // from (an element is identified by its address, which it keeps while the
-// reader runs). The class itself is the silent default; a reader without a
-// receiver reports what it always reported and notes nothing.
+// reader runs). The class itself is the silent default (Silent()), which a
+// reader uses when given no other. A reader reports what it always reports
+// whatever receives its notes.
 class tReadNotes {
  public:
   virtual ~tReadNotes() {}
+  // The one silent receiver, shared by every reader given no other.
+  static tReadNotes& Silent() {
+    static tReadNotes silent;
+    return silent;
+  }
   virtual void Note(int line, tNote what, const String& detail) {
     (void)line;
     (void)what;

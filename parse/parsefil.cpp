@@ -10,16 +10,15 @@ const char kQuotes[] = "\"'`";
 
 }  // namespace
 
-tParseableFile::tParseableFile(const char* name)
+tParseableFile::tParseableFile(const char* name, tReadNotes& notes)
     : IsOpen(0),
       ReadFailed(0),
       LineNumber(0),
       TakenFrom(0),
-      Notes(nullptr),
+      Notes(notes),
       Stream(nullptr),
       CurrentLine(""),
       Pos(0),
-      LineText(nullptr),
       Joined(0) {
   Open(name);
 }
@@ -38,7 +37,6 @@ int tParseableFile::Open(const char* name) {
   LineNumber = 0;
   TakenFrom = 0;
   Joined = 0;
-  Refresh();
   return IsOpen;
 }
 
@@ -59,8 +57,6 @@ int tParseableFile::AtStreamEnd() const {
 
 int tParseableFile::Eof() { return !IsOpen || (AtStreamEnd() && Remaining() == 0); }
 
-void tParseableFile::Refresh() { LineText = CurrentLine.Text() + Pos; }
-
 void tParseableFile::Compact() {
   if (Pos > 0) {
     CurrentLine = CurrentLine.Copy(Pos);
@@ -72,7 +68,6 @@ void tParseableFile::Next() {
   Pos = 0;
   if (!IsOpen) {
     CurrentLine = Empty;
-    Refresh();
     return;
   }
   for (;;) {
@@ -87,7 +82,6 @@ void tParseableFile::Next() {
   // A descriptor that is not open (a closed standard input) and a directory
   // hold no lines: they read as an empty input, not as a failed one.
   if (std::ferror(Stream) && errno != EBADF && errno != EISDIR) ReadFailed = 1;
-  Refresh();
 }
 
 char tParseableFile::Ch() {
@@ -98,7 +92,6 @@ char tParseableFile::Ch() {
 String& tParseableFile::Line() {
   if (Remaining() == 0) Next();
   Compact();
-  Refresh();
   return CurrentLine;
 }
 
@@ -107,7 +100,6 @@ char tParseableFile::GetCh() {
   TakenFrom = LineNumber;
   if (Remaining() > 0) ++Pos;
   if (Remaining() == 0) Next();
-  Refresh();
   return c;
 }
 
@@ -158,7 +150,6 @@ String tParseableFile::GetString(int width) {
     }
   }
   if (Remaining() == 0) Next();
-  Refresh();
   return result;
 }
 
@@ -169,7 +160,6 @@ void tFilterTemplateFile::Next() {
     if (comment >= 0) CurrentLine = CurrentLine.Copy(0, comment);
     if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;
   }
-  Refresh();
 }
 
 void tFilterDataFile::Next() {
@@ -177,12 +167,11 @@ void tFilterDataFile::Next() {
     tParseableFile::Next();
     if (CurrentLine.StartsWith("###")) {
       Pos = 3;
-      if (Notes) Note(LineNumber, Remaining() > 0 ? NoteDataLine : NoteBareMarker, CurrentLine);
+      Note(LineNumber, Remaining() > 0 ? NoteDataLine : NoteBareMarker, CurrentLine);
     } else {
-      if (Notes && CurrentLine.Length() > 0) Note(LineNumber, NoteDataLineSkipped, CurrentLine);
+      if (CurrentLine.Length() > 0) Note(LineNumber, NoteDataLineSkipped, CurrentLine);
       CurrentLine = Empty;
     }
     if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;
   }
-  Refresh();
 }

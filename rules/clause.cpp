@@ -147,7 +147,7 @@ int tClauseTemplate::Read(tFilterTemplateFile& file) {
   // The rest of the string line, and any line before the first header line,
   // carries nothing.
   while (file.Ch() != '~') {
-    if (file.Notes && IsWritten(file.Line()))
+    if (IsWritten(file.Line()))
       file.Note(file.LineNumber, file.LineNumber == last ? NoteExtraStrings : NoteLineSkipped,
                 file.Line());
     file.Next();

@@ -1,0 +1,54 @@
+#include "update/save.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "app/common.h"
+#include "output/output.h"
+#include "resolve/dnsresol.h"
+#include "update/replace.h"
+#include "update/tempfile.h"
+
+int WriteWhole(tFilterData& document, FILE* out, const char* shownName) {
+  if (document.ResolveNames) Resolver = new tDNSResolver;
+  tProgress progress;
+  progress.Caption((String("Saving to ") + shownName).Text());
+  int result = WriteOutput(out, shownName, document.DataSets, document.OutputFrame(), progress);
+  delete Resolver;
+  Resolver = nullptr;
+  return result;
+}
+
+int SameContent(int first, int second) {
+  char a[65536], b[65536];
+  for (off_t at = 0;; at += sizeof a) {
+    ssize_t n = pread(first, a, sizeof a, at);
+    ssize_t m = pread(second, b, sizeof b, at);
+    if (n < 0 || n != m || std::memcmp(a, b, n) != 0) return 0;
+    if (n == 0) return 1;
+  }
+}
+
+int SaveOver(tFilterData& document, tUpdateTarget& target) {
+  struct stat old;
+  if (fstat(target.Fd(), &old) != 0) {
+    Error(17, String("Cannot read the owner, group and mode of '") + target.Name() + "' (" +
+                  std::strerror(errno) + "); nothing was saved.");
+    return -1;
+  }
+  tTemporaryFile temporary(target.Folder(), target.ShownFolder(), target.Name());
+  if (!temporary.Create(old)) return -1;
+  int result = WriteWhole(document, temporary.Stream(), target.Name());
+  if (result >= 0) result = temporary.Finish();
+  if (result < 0) {
+    Warning(3, "Save Not Completed!");
+    return -1;
+  }
+  if (SameContent(temporary.Fd(), target.Fd())) return 0;
+  if (!temporary.Link()) return -1;
+  if (SyncFolder(target, 0) < 0) return -1;
+  if (Replace(target, temporary) < 0) return -1;
+  return SyncFolder(target, 1);
+}

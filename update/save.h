@@ -1,0 +1,26 @@
+#ifndef RULEFORGE_UPDATE_SAVE_H
+#define RULEFORGE_UPDATE_SAVE_H
+
+#include <cstdio>
+
+#include "app/filterd.h"
+#include "update/target.h"
+
+// Writes the whole output of the document to out (shownName names it in
+// messages), with the host name resolver in place while it runs when names
+// are resolved. Returns 0, or a negative value after error 8 or a stop.
+int WriteWhole(tFilterData& document, FILE* out, const char* shownName);
+
+// 1 when the two descriptors' files hold the same bytes; read from offset 0,
+// their offsets unchanged.
+int SameContent(int first, int second);
+
+// Saves the document's output over the target: writes it to a temporary file
+// that only the target's users can open, syncs it, and puts it in place with a
+// backup of the old file (update/replace.h). A target that already holds the
+// output is left as it is, backup included. Returns 0, or -1 after an error
+// it reported; the file is then as it was, or the messages say where each
+// version is.
+int SaveOver(tFilterData& document, tUpdateTarget& target);
+
+#endif
