@@ -31,7 +31,8 @@ tCheckNotes::tCheckNotes(tFindings& findings)
       InData(false),
       Where(BeforeSection),
       RecentLine{0, 0},
-      StatesTaken(0) {}
+      StatesTaken(0),
+      Swallowing(false) {}
 
 void tCheckNotes::Rules(DListtClauseTemplate* mainRules, DListtClauseTemplate* labelRules) {
   Names.Rules(mainRules, labelRules);
@@ -43,6 +44,9 @@ void tCheckNotes::BeginData() {
   Where = BeforeSection;
   RecentLine[0] = RecentLine[1] = 0;
   StatesTaken = 0;
+  Lines.Clear();
+  LostEnds.clear();
+  Swallowing = false;
 }
 
 int tCheckNotes::LineOf(const void* element) const {
@@ -85,6 +89,8 @@ void tCheckNotes::DataLine(int line, tNote what, const String& text) {
     RecentLine[1] = line;
     RecentText[1] = text;
     if (Where == BeforeSection) Where = InSection;
+    if (Where == InSection) Lines.Add(line, text, Names);
+    if (text.StartsWith("###~~~")) Swallowing = false;
     if (Where == BelowSection)
       Findings.Add(line,
                    "line below the end of the parseable section begins with \"###\": it is "
@@ -130,6 +136,13 @@ void tCheckNotes::Note(int line, tNote what, const String& detail) {
     case NoteStateEntry:
     case NoteTooManyStates:
       if (line == StatesTaken) return;
+      break;
+    case NoteExtraDataLine:
+      if (Lines.Misplaced(line) && !Swallowing) {
+        LostEnds.push_back(line);
+        Swallowing = true;
+      }
+      if (Swallowing) return;
       break;
     default:
       break;

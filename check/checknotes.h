@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "check/clausenames.h"
+#include "check/datalines.h"
 #include "check/findings.h"
 #include "parse/notes.h"
 #include "rules/clauslst.h"
@@ -32,6 +33,12 @@ class tCheckNotes : public tReadNotes {
   // Where the seven strings of a clause ran onto later lines: the string
   // line and how many strings it held; line 0 when they stood on one line.
   std::pair<int, String> ShortStringLine(const void* clause) const;
+
+  // The shape of the current data file's section.
+  const tDataLines& Section() const { return Lines; }
+  // The lines skipped after a clause's list lines that were a clause's head
+  // line or a damaged marker: where an end line was missing or damaged.
+  const std::vector<int>& EndsLost() const { return LostEnds; }
 
   void Note(int line, tNote what, const String& detail) override;
   void Placed(const void* element, int line) override;
@@ -62,6 +69,11 @@ class tCheckNotes : public tReadNotes {
   String RecentText[2];
   // The line that a head line without states took its states from.
   int StatesTaken;
+  tDataLines Lines;
+  std::vector<int> LostEnds;
+  // Whether the lines skipped since the last line that begins with "~~~"
+  // follow a lost end line; they are its effect, not findings of their own.
+  bool Swallowing;
 
   void DataLine(int line, tNote what, const String& text);
 };

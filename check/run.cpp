@@ -3,6 +3,7 @@
 #include "app/common.h"
 #include "app/filterd.h"
 #include "check/checknotes.h"
+#include "check/endlines.h"
 #include "check/entries.h"
 #include "check/findings.h"
 #include "check/lookups.h"
@@ -34,6 +35,8 @@ int CheckFiles(const char* templateName, const std::vector<const char*>& dataFil
     }
     CheckEntries(document, notes, findings);
     if (resolve) CheckLookups(document, notes, findings);
+    // Last: its findings replace those of the lines a lost end line swallowed.
+    CheckEndLines(document, notes, findings);
     findings.Print(out);
   }
   if (unreadable) return 2;
