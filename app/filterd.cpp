@@ -135,7 +135,7 @@ void tFilterData::ReadLabelRules(tFilterTemplateFile& file) {
   if (!file.Eof() && file.Line().Text()[1] != '~') {
     int line = file.LineNumber;
     file.GetCh();
-    if (file.LineNumber != line) file.Note(line, NoteLabelLineAlone);
+    if (file.LineNumber != line) file.Note(line, NoteLabelLineAlone, file.Line());
     // A number beyond the 32-bit range is held to it, as text priorities are.
     String number = file.GetLine();
     FirstLabel = ToPriority(number.Text());

@@ -106,7 +106,7 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   if (file.Line().StartsWith("~~~")) return 0;
   int line = file.LineNumber;
   file.GetCh();
-  if (file.LineNumber != line) file.Note(line, NoteHeaderAlone);
+  if (file.LineNumber != line) file.Note(line, NoteHeaderAlone, file.Line());
   String header = file.GetLine();
   String fields[3];
   int count = HeaderFields(header, fields);
@@ -130,7 +130,7 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
     return 0;
   }
   int variant = ToPriority(first);
-  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, fields[0]);
+  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, header);
   variant = ToVariant(variant);
   int priority = ToPriority(fields[1].Text());
   if (IsHeld(priority, fields[1].Text())) file.Note(line, NotePriorityHeld, fields[1]);
@@ -139,7 +139,7 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   if (kind == 'S') texts = &SingleTexts.Make(variant);
   if (kind == 'V') texts = &ValueTexts.Make(variant);
   if (!texts) {
-    file.Note(line, NoteHeaderUnknownKind, fields[2]);
+    file.Note(line, NoteHeaderUnknownKind, header);
     return 0;
   }
 
