@@ -69,9 +69,10 @@ int Replace(tUpdateTarget& target, tTemporaryFile& temporary) {
 
   tBackup made = MakeBackup(target, backup, shownBackup);
   if (made == kBackupFailed) {
+    String reason = std::strerror(errno);
     Error(9, String("Error renaming original '") + shownFile + "' to '" + shownBackup + "'!");
-    Error(9, String("'") + shownFile + "' is unchanged; the new version is in '" +
-                 temporary.ShownName() + "'.");
+    Error(9, String("'") + shownFile + "' is unchanged (the backup could not be made: " + reason +
+                 "); the new version is in '" + temporary.ShownName() + "'.");
     temporary.Release();
     return -1;
   }
