@@ -8,7 +8,6 @@
 #include <cstdio>
 
 #include "app/common.h"
-#include "update/save.h"
 
 extern char** environ;
 

@@ -9,6 +9,10 @@
 #include "update/replace.h"
 #include "update/tempfile.h"
 
+namespace {
+
+// 1 when the two descriptors' files hold the same bytes; read from offset 0,
+// their offsets unchanged.
 int SameContent(int first, int second) {
   char a[65536], b[65536];
   for (off_t at = 0;; at += sizeof a) {
@@ -18,6 +22,8 @@ int SameContent(int first, int second) {
     if (n == 0) return 1;
   }
 }
+
+}  // namespace
 
 int SaveOver(tFilterData& document, tUpdateTarget& target) {
   struct stat old;
