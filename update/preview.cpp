@@ -1,5 +1,6 @@
 #include "update/preview.h"
 
+#include <signal.h>
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -16,7 +17,9 @@ namespace {
 const char kDiff[] = "/usr/bin/diff";
 
 // Runs diff on the two descriptors as its 3 and 4; its exit status, or -1 when
-// it could not be run.
+// it could not be run. A diff ended by SIGPIPE wrote to a reader that stopped
+// reading, as "| head" does: that reader saw differences, and the update is
+// no worse for it.
 int RunDiff(int before, int after, const char* label) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
@@ -30,8 +33,9 @@ int RunDiff(int before, int after, const char* label) {
   int spawned = posix_spawn(&child, kDiff, &actions, nullptr, argv, environ) == 0;
   posix_spawn_file_actions_destroy(&actions);
   int status;
-  if (!spawned || waitpid(child, &status, 0) != child || !WIFEXITED(status)) return -1;
-  return WEXITSTATUS(status);
+  if (!spawned || waitpid(child, &status, 0) != child) return -1;
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGPIPE) return 1;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 }  // namespace
