@@ -3,14 +3,10 @@
 #include <cstdio>
 
 #include "app/common.h"
-#include "output/save.h"
 #include "resolve/dnsresol.h"
 #include "rules/numbers.h"
 
 namespace {
-
-// A line that holds more than blanks and tabs.
-int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
 
 // Lines that a section's reading left unread are skipped, and noted unless the
 // whole section is being skipped.
@@ -194,17 +190,13 @@ tOutputFrame tFilterData::OutputFrame() const {
   return tOutputFrame{TemplateTitle.Text(), FirstLabel, SubstitutionNames, SubstitutionValues};
 }
 
-int tFilterData::WriteData(const char* fileName, int keepUnchanged) {
+int tFilterData::WriteData(FILE* out, const char* shownName) {
   if (ResolveNames) Resolver = new tDNSResolver;
-  if (fileName) {
-    SaveOutput(fileName, DataSets, OutputFrame(), keepUnchanged);
-  } else {
-    tProgress progress;
-    WriteOutput(stdout, "", DataSets, OutputFrame(), progress);
-  }
+  tProgress progress;
+  int result = WriteOutput(out, shownName, DataSets, OutputFrame(), progress);
   if (Resolver) {
     delete Resolver;
     Resolver = nullptr;
   }
-  return 0;
+  return result;
 }

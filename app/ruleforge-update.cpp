@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "app/about.h"
-#include "app/about.h"
 #include "app/common.h"
 #include "app/filterd.h"
 #include "check/checknotes.h"
@@ -112,6 +111,7 @@ void UpdateFile(tFilterData& document, tUpdateNotes& notes, tCheckNotes& check, 
 // status is the code of the last error.
 int main(int argc, char** argv) {
   InstallCleanup();
+  EscapeMessages = 1;
   int answered = AnswerHelpOrVersion(argc, argv, kHelp);
   if (answered >= 0) return answered;
   tOptions options;

@@ -5,12 +5,11 @@
 #include <functional>
 
 #include "check/notetexts.h"
+#include "parse/parsefil.h"
 
 namespace {
 
 const char kSectionEnd[] = "## End of parseable section";
-
-int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
 
 typedef std::vector<std::pair<const void*, int>> tPlaceList;
 

@@ -3,9 +3,9 @@
 #include <string_view>
 #include <unordered_set>
 #include <vector>
-#include "app/common.h"
 
 #include "check/hints.h"
+#include "output/section.h"
 #include "text/dlist.h"
 
 namespace {
@@ -63,13 +63,7 @@ std::vector<const tClauseTemplate*> Nameable(DListtClauseTemplate& rules, const 
 }  // namespace
 
 void WriteStarter(tFilterData& document, const tCheckNotes& notes, tFindings& findings, FILE* out) {
-  std::fputs(
-      "## Parseable filter file information for rereading into Gatewright.\n"
-      "## DO NOT MODIFY THIS FILE BY HAND!\n",
-      out);
-  std::fprintf(out, "###%s%s%s%s\n", DataFileBanner.Text(), ProgramName.Text(), version.Text(),
-               AppVersion.Text());
-  std::fprintf(out, "###%s%s\n", DataFileTemplateHeader.Text(), document.TemplateTitle.Text());
+  WriteSectionHead(out, document.TemplateTitle.Text());
   std::fputs("###~~~~(Main)\n", out);
   for (const tClauseTemplate* clause : Nameable(document.MainRules, notes, findings))
     WriteClause(out, "", *clause);
@@ -82,5 +76,5 @@ void WriteStarter(tFilterData& document, const tCheckNotes& notes, tFindings& fi
     for (const tClauseTemplate* clause : Nameable(document.LabelRules, notes, findings))
       WriteClause(out, "## ", *clause);
   }
-  std::fputs("## End of parseable section ---------------------------------------------\n\n", out);
+  std::fputs(ParseableSectionEnd, out);
 }

@@ -11,15 +11,12 @@
 
 namespace {
 
-// The writer puts a state for each labelled variant and reads them back by
-// position, so the labelled variants must form one run from variant 0, or
-// from variant 1 (an empty first place stands for an unlabelled variant 0).
+// A labelled variant whose state the writer puts in another field than the
+// reader takes it from.
 int HasGap(const tClauseTemplate& clause) {
-  unsigned labelled = 0;
   for (int i = 0; i < 4; ++i)
-    if (clause.VariantLabels[i].Length() > 0) labelled |= 1u << i;
-  unsigned run = labelled & 1 ? labelled : labelled >> 1;
-  return (run & (run + 1)) != 0;
+    if (StateField(clause, i) >= 0 && StateField(clause, i) != i) return 1;
+  return 0;
 }
 
 String Labelled(const tClauseTemplate& clause) {

@@ -175,3 +175,5 @@ void tFilterDataFile::Next() {
     if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;
   }
 }
+
+int IsWritten(const String& line, const char* blank) { return line.AtFirstNotIn(blank) >= 0; }

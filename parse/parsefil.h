@@ -59,6 +59,10 @@ class tParseableFile {
   void Compact();
 };
 
+// 1 when line holds more than the bytes of blank (blanks and tabs unless told
+// otherwise): a reader notes a line it skips only then.
+int IsWritten(const String& line, const char* blank = " \t");
+
 // The template file: everything from "//" to the line end is a comment, and
 // lines that are empty after removing it are skipped.
 class tFilterTemplateFile : public tParseableFile {

@@ -1,51 +1,16 @@
 #include "rules/clause.h"
 
-#include <new>
 #include <string>
 
 #include "rules/numbers.h"
-#include "text/slotpool.h"
 
 namespace {
-
-tSlotPool& ListSlots() {
-  static tSlotPool pool(sizeof(DListtPrioritizedString));
-  return pool;
-}
-
-// The pool for the records of the given size: one for templates, one for data
-// records; any other size (a derived class) uses the heap (null).
-tSlotPool* RecordSlots(size_t size) {
-  static tSlotPool templates(sizeof(tClauseTemplate));
-  static tSlotPool data(sizeof(tClauseData));
-  if (size == sizeof(tClauseTemplate)) return &templates;
-  if (size == sizeof(tClauseData)) return &data;
-  return nullptr;
-}
-
-void* TakeRecord(size_t size) {
-  tSlotPool* pool = RecordSlots(size);
-  return pool ? pool->Take() : ::operator new(size);
-}
-
-void GiveRecord(void* p, size_t size) {
-  if (!p) return;
-  tSlotPool* pool = RecordSlots(size);
-  if (pool) {
-    pool->Give(p);
-  } else {
-    ::operator delete(p);
-  }
-}
 
 int ToVariant(int n) {
   if (n > 3) return 3;
   if (n < 0) return 0;
   return n;
 }
-
-// A line that holds more than blanks, tabs and commas.
-int IsWritten(const String& line) { return line.AtFirstNotIn(" \t,") >= 0; }
 
 void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant, char kind) {
   for (const tPrioritizedString* text : Walk<const tPrioritizedString>(texts)) {
@@ -54,27 +19,20 @@ void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant,
   }
 }
 
+// What ends a field of a header or parseable line, and what is removed from it.
+const char kFieldEnds[] = ",\n";
+const char kFieldBlanks[] = " \r\n\t,";
+
 // The first three fields of a header line, as SplitFields splits it, into
 // fields; returns how many fields the line has in all. A header is read for
 // every text of every template, and a list of fields would cost an element,
 // a link and a block for each.
 int HeaderFields(const String& header, String fields[3]) {
-  const char* text = header.Text();
-  const int n = header.Length();
-  std::string piece;
   int count = 0;
-  for (int i = 0; i < n; ++count) {
-    piece.clear();
-    for (; i < n; ++i) {
-      char c = text[i];
-      if (c != ' ' && c != '\r' && c != '\n' && c != '\t' && c != ',') piece.push_back(c);
-      if (c == ',' || c == '\n') {
-        ++i;
-        break;
-      }
-    }
+  ForEachPiece(header.Text(), kFieldEnds, kFieldBlanks, 0, [&](const std::string& piece) {
     if (count < 3) fields[count] = piece.c_str();
-  }
+    ++count;
+  });
   return count;
 }
 
@@ -86,29 +44,13 @@ const DListtPrioritizedString& tTextLists::operator[](int variant) const {
 }
 
 DListtPrioritizedString& tTextLists::Make(int variant) {
-  if (!Lists[variant]) Lists[variant] = new (ListSlots().Take()) DListtPrioritizedString;
+  if (!Lists[variant]) Lists[variant].reset(new DListtPrioritizedString);
   return *Lists[variant];
 }
 
-tTextLists::~tTextLists() {
-  for (DListtPrioritizedString* list : Lists) {
-    if (!list) continue;
-    list->~DListtPrioritizedString();
-    ListSlots().Give(list);
-  }
-}
-
 void SplitFields(DListtString& fields, const char* line) {
-  fields.FromString(line, ",\n", " \r\n\t,", 0);
+  fields.FromString(line, kFieldEnds, kFieldBlanks, 0);
 }
-
-void* tClauseTemplate::operator new(size_t size) { return TakeRecord(size); }
-
-void tClauseTemplate::operator delete(void* p, size_t size) { GiveRecord(p, size); }
-
-void* tClauseData::operator new(size_t size) { return TakeRecord(size); }
-
-void tClauseData::operator delete(void* p, size_t size) { GiveRecord(p, size); }
 
 tClauseTemplate::tClauseTemplate() : Flags(0), Partner(nullptr), OwnsPartner(false) {}
 
@@ -147,7 +89,8 @@ int tClauseTemplate::Read(tFilterTemplateFile& file) {
   // The rest of the string line, and any line before the first header line,
   // carries nothing.
   while (file.Ch() != '~') {
-    if (IsWritten(file.Line()))
+    // The strings are separated by commas as well as blanks.
+    if (IsWritten(file.Line(), " \t,"))
       file.Note(file.LineNumber, file.LineNumber == last ? NoteExtraStrings : NoteLineSkipped,
                 file.Line());
     file.Next();

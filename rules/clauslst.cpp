@@ -112,13 +112,11 @@ tClauseData* DListtClauseData::Find(const String& clauseName) {
 int DListtClauseData::Read(tFilterDataFile& in) {
   New();
   SkipClauseSeparators(in);
-  // The records read so far, kept only for the notes.
-  std::unordered_set<const tClauseData*> read;
   while (!in.Eof() && !AtSectionSeparator(in)) {
     String clauseName = in.GetString(-1);
     tClauseData* record = Find(clauseName);
     if (record) {
-      if (!read.insert(record).second) in.Note(in.TakenFrom, NoteClauseTwice, clauseName);
+      if (record->WasRead()) in.Note(in.TakenFrom, NoteClauseTwice, clauseName);
       record->Read(in);
     } else {
       in.Note(in.TakenFrom, NoteUnknownClause, clauseName);

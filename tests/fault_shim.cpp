@@ -5,7 +5,8 @@
 // faults separated by ";", each "call:text:ACTION": every call of that
 // function on a path containing text (or ending in it, when text ends in "$")
 // does ACTION. ACTION is an errno name (the call fails with it), a signal
-// name (the signal is raised before the call), or, for readlinkat only,
+// name (the signal is raised before the call), "outofmemory" (the program's
+// new-handler runs before the call, as when an allocation there failed), or, for readlinkat only,
 // "relink=TARGET" (once the link is read, it is switched to point to TARGET,
 // as another user switching it would). openat_tmpfile is openat asked for an
 // unnamed file (O_TMPFILE), matched by the folder's name. rename, renameat and linkat are matched
@@ -27,6 +28,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 #include <string>
 
 namespace {
@@ -58,11 +60,14 @@ int Fault(const char* call, const char* path) {
   static const struct {
     const char* name;
     int value;
-  } kErrors[] = {{"EACCES", EACCES}, {"EAGAIN", EAGAIN}, {"EIO", EIO},     {"ENOSPC", ENOSPC},
-                 {"EPERM", EPERM},   {"EXDEV", EXDEV}, {"EOPNOTSUPP", EOPNOTSUPP}},
+  } kErrors[] = {{"EACCES", EACCES},        {"EAGAIN", EAGAIN}, {"EIO", EIO},
+                 {"ENOSPC", ENOSPC},        {"EPERM", EPERM},   {"EXDEV", EXDEV},
+                 {"EOPNOTSUPP", EOPNOTSUPP}},
     kSignals[] = {
         {"SIGINT", SIGINT}, {"SIGTERM", SIGTERM}, {"SIGHUP", SIGHUP}, {"SIGKILL", SIGKILL}};
   std::string action = Action(call, path);
+  std::new_handler handler = std::get_new_handler();
+  if (action == "outofmemory" && handler) handler();
   for (const auto& signal : kSignals) {
     if (action == signal.name) raise(signal.value);
   }
@@ -156,7 +161,11 @@ extern "C" int fchown(int fd, uid_t owner, gid_t group) {
 }
 
 extern "C" size_t fwrite(const void* data, size_t size, size_t count, FILE* stream) {
-  if (int fault = Fault("fwrite", PathOf(fileno(stream)).c_str())) return errno = fault, 0;
+  // Every write of the output comes here: the path is looked up only when
+  // faults are asked for.
+  if (std::getenv("RULEFORGE_FAULTS")) {
+    if (int fault = Fault("fwrite", PathOf(fileno(stream)).c_str())) return errno = fault, 0;
+  }
   return Next<size_t (*)(const void*, size_t, size_t, FILE*)>("fwrite")(data, size, count, stream);
 }
 

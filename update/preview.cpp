@@ -46,7 +46,7 @@ int Preview(tFilterData& document, tUpdateTarget& target) {
                   "': no room for the new version.");
     return -1;
   }
-  int result = WriteWhole(document, output, target.Name());
+  int result = document.WriteData(output, target.Name());
   if (result >= 0) {
     // What this run printed before must come before the diff.
     std::fflush(stdout);

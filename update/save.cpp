@@ -6,20 +6,8 @@
 #include <cstring>
 
 #include "app/common.h"
-#include "output/output.h"
-#include "resolve/dnsresol.h"
 #include "update/replace.h"
 #include "update/tempfile.h"
-
-int WriteWhole(tFilterData& document, FILE* out, const char* shownName) {
-  if (document.ResolveNames) Resolver = new tDNSResolver;
-  tProgress progress;
-  progress.Caption((String("Saving to ") + shownName).Text());
-  int result = WriteOutput(out, shownName, document.DataSets, document.OutputFrame(), progress);
-  delete Resolver;
-  Resolver = nullptr;
-  return result;
-}
 
 int SameContent(int first, int second) {
   char a[65536], b[65536];
@@ -40,7 +28,7 @@ int SaveOver(tFilterData& document, tUpdateTarget& target) {
   }
   tTemporaryFile temporary(target.Folder(), target.ShownFolder(), target.Name());
   if (!temporary.Create(old)) return -1;
-  int result = WriteWhole(document, temporary.Stream(), target.Name());
+  int result = document.WriteData(temporary.Stream(), target.Name());
   if (result >= 0) result = temporary.Finish();
   if (result < 0) {
     Warning(3, "Save Not Completed!");

@@ -6,11 +6,6 @@
 #include "app/filterd.h"
 #include "update/target.h"
 
-// Writes the whole output of the document to out (shownName names it in
-// messages), with the host name resolver in place while it runs when names
-// are resolved. Returns 0, or a negative value after error 8 or a stop.
-int WriteWhole(tFilterData& document, FILE* out, const char* shownName);
-
 // 1 when the two descriptors' files hold the same bytes; read from offset 0,
 // their offsets unchanged.
 int SameContent(int first, int second);
