@@ -110,42 +110,43 @@ void tCheckNotes::DataLine(int line, tNote what, const String& text) {
   }
 }
 
-void tCheckNotes::Note(int line, tNote what, const String& detail) {
+bool tCheckNotes::Taken(int line, tNote what, const String& detail) {
   switch (what) {
     case NoteDataLine:
     case NoteDataLineSkipped:
     case NoteBareMarker:
       // Every line of a data input comes here; most are as meant.
       DataLine(line, what, detail);
-      return;
+      return true;
     case NoteTextLine:
       TextLines[LastPlaced].push_back(line);
-      return;
+      return true;
     case NoteShortStringLine:
       ShortStrings[LastPlaced] = std::make_pair(line, detail);
-      return;
+      return true;
     case NoteNulByte:
-      if (InData && Where == BelowSection) return;
-      break;
+      return InData && Where == BelowSection;
     case NoteNoStates:
       // The line read as the states is the cause's effect, not a finding of
       // its own.
       StatesTaken = RecentLine[1];
-      break;
+      return false;
     case NoteStateEntry:
     case NoteTooManyStates:
-      if (line == StatesTaken) return;
-      break;
+      return line == StatesTaken;
     case NoteExtraDataLine:
       if (Lines.Misplaced(line) && !Swallowing) {
         LostEnds.push_back(line);
         Swallowing = true;
       }
-      if (Swallowing) return;
-      break;
+      return Swallowing;
     default:
-      break;
+      return false;
   }
+}
+
+void tCheckNotes::Note(int line, tNote what, const String& detail) {
+  if (Taken(line, what, detail)) return;
   const String& noted = RecentLine[1] == line   ? RecentText[1]
                         : RecentLine[0] == line ? RecentText[0]
                                                 : Empty;

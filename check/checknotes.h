@@ -76,6 +76,10 @@ class tCheckNotes : public tReadNotes {
   bool Swallowing;
 
   void DataLine(int line, tNote what, const String& text);
+  // Takes in a note that makes no finding by itself (a line delivered, a
+  // text line, a string line cut short) or whose finding is an effect of an
+  // earlier one; true when no finding is to be made of it.
+  bool Taken(int line, tNote what, const String& detail);
 };
 
 #endif
