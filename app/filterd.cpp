@@ -73,6 +73,7 @@ int tFilterData::ReadTemplate(const char* fileName) {
     return -2;
   }
   TemplateTitle = file.GetLine();
+  file.Placed(&TemplateTitle, file.TakenFrom);
   MainRules.Clear();
   LabelRules.Clear();
   FirstLabel = 0;
