@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "check/notetexts.h"
+#include "parse/parsefil.h"
 
 namespace {
 
@@ -26,9 +27,10 @@ tCheckNotes::tCheckNotes(tFindings& findings)
     : Findings(findings),
       Sorted(true),
       LastPlaced(nullptr),
+      LastPlacedLine(0),
       InData(false),
       Where(BeforeSection),
-      RecentLine{0, 0},
+      RecentLine{0, 0, 0},
       StatesTaken(0),
       Swallowing(false) {}
 
@@ -40,7 +42,7 @@ void tCheckNotes::BeginData() {
   InData = true;
   DataPlaces.clear();
   Where = BeforeSection;
-  RecentLine[0] = RecentLine[1] = 0;
+  RecentLine[0] = RecentLine[1] = RecentLine[2] = 0;
   StatesTaken = 0;
   Lines.Clear();
   LostEnds.clear();
@@ -76,16 +78,19 @@ void tCheckNotes::Placed(const void* element, int line) {
   (InData ? DataPlaces : TemplatePlaces).emplace_back(element, line);
   Sorted = false;
   LastPlaced = element;
+  LastPlacedLine = line;
 }
 
 // Only the lines of the parseable section are data; what stands above it and
 // the filter text below its end line are skipped as they should be.
 void tCheckNotes::DataLine(int line, tNote what, const String& text) {
   if (what == NoteDataLine) {
-    RecentLine[0] = RecentLine[1];
-    RecentText[0] = RecentText[1];
-    RecentLine[1] = line;
-    RecentText[1] = text;
+    for (int k = 0; k < kRecent - 1; ++k) {
+      RecentLine[k] = RecentLine[k + 1];
+      RecentText[k] = RecentText[k + 1];
+    }
+    RecentLine[kRecent - 1] = line;
+    RecentText[kRecent - 1] = text;
     if (Where == BeforeSection) Where = InSection;
     if (Where == InSection) Lines.Add(line, text, Names);
     if (text.StartsWith("###~~~")) Swallowing = false;
@@ -109,45 +114,51 @@ void tCheckNotes::DataLine(int line, tNote what, const String& text) {
   }
 }
 
-void tCheckNotes::Note(int line, tNote what, const String& detail) {
+bool tCheckNotes::Taken(int line, tNote what, const String& detail) {
   switch (what) {
     case NoteDataLine:
     case NoteDataLineSkipped:
     case NoteBareMarker:
       // Every line of a data input comes here; most are as meant.
       DataLine(line, what, detail);
-      return;
+      return true;
     case NoteTextLine:
       TextLines[LastPlaced].push_back(line);
-      return;
+      return true;
     case NoteShortStringLine:
       ShortStrings[LastPlaced] = std::make_pair(line, detail);
-      return;
+      return true;
     case NoteNulByte:
-      if (InData && Where == BelowSection) return;
-      break;
+      return InData && Where == BelowSection;
     case NoteNoStates:
       // The line read as the states is the cause's effect, not a finding of
       // its own.
-      StatesTaken = RecentLine[1];
-      break;
+      StatesTaken = RecentLine[kRecent - 1];
+      return false;
     case NoteStateEntry:
     case NoteTooManyStates:
-      if (line == StatesTaken) return;
-      break;
+      return line == StatesTaken;
     case NoteExtraDataLine:
       if (Lines.Misplaced(line) && !Swallowing) {
         LostEnds.push_back(line);
         Swallowing = true;
       }
-      if (Swallowing) return;
-      break;
+      return Swallowing;
     default:
-      break;
+      return false;
   }
-  const String& noted = RecentLine[1] == line   ? RecentText[1]
-                        : RecentLine[0] == line ? RecentText[0]
-                                                : Empty;
-  String text = NoteText(what, {detail, noted, Names});
+}
+
+void tCheckNotes::Note(int line, tNote what, const String& detail) {
+  if (Taken(line, what, detail)) return;
+  int k = kRecent - 1;
+  while (k >= 0 && RecentLine[k] != line) --k;
+  const String& noted = k >= 0 ? RecentText[k] : Empty;
+  // A companion's states line is placed too, but holds no clause name: it
+  // follows a "###~~" line.
+  const String& before = k > 0 ? RecentText[k - 1] : Empty;
+  int companion = before.StartsWith("###~~") && !before.StartsWith("###~~~");
+  int head = InData && line == LastPlacedLine && !companion;
+  String text = NoteText(what, {detail, noted, head, Names});
   if (text.Length() > 0) Findings.Add(line, text);
 }

@@ -59,14 +59,17 @@ class tCheckNotes : public tReadNotes {
   std::unordered_map<const void*, std::vector<int>> TextLines;
   std::unordered_map<const void*, std::pair<int, String>> ShortStrings;
   const void* LastPlaced;
+  // The line it was placed at: in the data, a clause's head line.
+  int LastPlacedLine;
   bool InData;
   // Where the data input stands: before its first data line, in the
   // parseable section, or below the section's end line.
   enum { BeforeSection, InSection, BelowSection } Where;
-  // The last two data lines delivered, [1] the latest, for the hints that
-  // rewrite them.
-  int RecentLine[2];
-  String RecentText[2];
+  // The last data lines delivered, the latest last, for the hints that
+  // rewrite them (the reader has fetched up to two lines past a noted one).
+  static const int kRecent = 3;
+  int RecentLine[kRecent];
+  String RecentText[kRecent];
   // The line that a head line without states took its states from.
   int StatesTaken;
   tDataLines Lines;
@@ -76,6 +79,10 @@ class tCheckNotes : public tReadNotes {
   bool Swallowing;
 
   void DataLine(int line, tNote what, const String& text);
+  // Takes in a note that makes no finding by itself (a line delivered, a
+  // text line, a string line cut short) or whose finding is an effect of an
+  // earlier one; true when no finding is to be made of it.
+  bool Taken(int line, tNote what, const String& detail);
 };
 
 #endif

@@ -47,14 +47,14 @@ int DataPrefix(const char* text) {
 }
 
 // Where the states of a data line begin: after the clause name of a head
-// line (quoted, or one word), else at the front.
-int StatesStart(const char* text, int at) {
+// line (quoted, or else one word), else at the front.
+int StatesStart(const char* text, int at, int head) {
   const char* p = text + at;
   if (*p && std::strchr("\"'`", *p)) {
     const char* close = std::strchr(p + 1, *p);
-    return close ? static_cast<int>(close + 1 - text) : at;
+    if (close) return static_cast<int>(close + 1 - text);
   }
-  return at;
+  return head ? at + static_cast<int>(std::strcspn(p, " \t,")) : at;
 }
 
 // Whether a state entry was probably meant as off: a number 0 in any
@@ -107,7 +107,7 @@ const char* MeantSection(const String& name) {
 String HeadName(const String& line) {
   const char* text = line.Text();
   int at = DataPrefix(text);
-  int end = StatesStart(text, at);
+  int end = StatesStart(text, at, 0);
   if (end > at) return line.Copy(at + 1, end - at - 2);
   return line.Copy(at, static_cast<int>(std::strcspn(text + at, " \t,")));
 }
@@ -125,9 +125,9 @@ String StatesHint(const String& head, const tClauseTemplate* clause) {
   return Quote(head.Head(end) + ", " + (clause ? OffStates(*clause) : String("0")));
 }
 
-String StateEntriesHint(const String& line) {
+String StateEntriesHint(const String& line, int head) {
   const char* text = line.Text();
-  int start = StatesStart(text, DataPrefix(text));
+  int start = StatesStart(text, DataPrefix(text), head);
   String hint = line.Head(start);
   const char* p = text + start;
   while (*p) {

@@ -26,8 +26,9 @@ String OffStates(const tClauseTemplate& clause);
 String StatesHint(const String& head, const tClauseTemplate* clause);
 // The data line with every state that is neither "0" nor "1" written as
 // probably meant: 0 for a number 0 and for words such as "no" or "off", 1 for
-// all else (which the reader takes as on); a head line keeps its clause name.
-String StateEntriesHint(const String& line);
+// all else (which the reader takes as on); a head line (head 1) keeps its
+// clause name.
+String StateEntriesHint(const String& line, int head);
 // The list line with every run of blanks, tabs and ';' inside an entry made a
 // comma and a blank: "### a b;c" gives "### a, b, c".
 String ListHint(const String& line);

@@ -68,7 +68,7 @@ String States(const tNoteContext& c) {
   return StatesHint(c.Noted, c.Names.Find(HeadName(c.Noted))) + ")";
 }
 
-String StateEntries(const tNoteContext& c) { return StateEntriesHint(c.Noted) + ")"; }
+String StateEntries(const tNoteContext& c) { return StateEntriesHint(c.Noted, c.Head) + ")"; }
 
 String Glued(const tNoteContext& c) {
   return Quoted(c.Detail.Strip(" \t")) + " (separate entries with commas: write " +

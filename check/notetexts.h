@@ -6,11 +6,12 @@
 #include "text/str.h"
 
 // What a finding about a note is built from: the note's detail, the text of
-// the noted data line ("" where the reader delivered no such line), and the
-// template's clause names.
+// the noted data line ("" where the reader delivered no such line), whether
+// that line is a clause's head line, and the template's clause names.
 struct tNoteContext {
   const String& Detail;
   const String& Noted;
+  int Head;
   const tClauseNames& Names;
 };
 

@@ -216,6 +216,13 @@ void CheckSubstitutions(DListtString& names, DListtString& values, const tCheckN
 }  // namespace
 
 void CheckTemplate(tFilterData& document, const tCheckNotes& notes, tFindings& findings) {
+  const String& title = document.TemplateTitle;
+  // The reader of the data drops a carriage return at the end of a line.
+  if (title.Length() > 0 && title.Text()[title.Length() - 1] == '\r')
+    findings.Add(notes.LineOf(&title),
+                 "template title ends with a carriage return, which reading the data drops: "
+                 "every run warns that the data was made from another template (ruleforge "
+                 "warning 2) (remove it)");
   CheckSubstitutions(document.SubstitutionNames, document.SubstitutionValues, notes, findings);
   CheckRules(document.MainRules, 1, notes, findings);
   CheckRules(document.LabelRules, 0, notes, findings);

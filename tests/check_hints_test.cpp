@@ -81,6 +81,7 @@ TEST(CheckHints, EachHintReadsAsMeant) {
       {'D', "### \"Mail\"", {"### \"Mail\", 0, 0"}},
       {'D', "### \"Mail\", yes, no", {"### \"Mail\", 1, 0"}},
       {'D', "### \"Mail\", 1, 00", {"### \"Mail\", 1, 0"}},
+      {'D', "### Mail, on, off", {"### Mail, 1, 0"}},
       {'V', "###", {"### "}},
       {'V', "### a b", {"### a, b"}},
       {'V', "### a;b;c", {"### a, b, c"}},
