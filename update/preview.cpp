@@ -9,6 +9,7 @@
 #include <cstdio>
 
 #include "app/common.h"
+#include "text/shown.h"
 
 extern char** environ;
 
@@ -53,7 +54,10 @@ int Preview(tFilterData& document, tUpdateTarget& target) {
   if (result >= 0) {
     // What this run printed before must come before the diff.
     std::fflush(stdout);
-    int status = RunDiff(target.Fd(), fd, target.GivenName());
+    // The labels are lines of the diff: a name's control characters are
+    // escaped as in the messages, so that no name can break a line or reach
+    // the terminal.
+    int status = RunDiff(target.Fd(), fd, Shown(String(target.GivenName())).Text());
     if (status != 0 && status != 1) {
       Error(19, String("Cannot show the changes to '") + target.GivenName() + "': " + kDiff +
                     " failed.");
