@@ -79,7 +79,19 @@ int tFilterData::ReadTemplate(const char* fileName) {
   FirstLabel = 0;
   SubstitutionNames.Clear();
   SubstitutionValues.Clear();
+  ReadSections(file);
+  New();
+  file.Close();
+  if (file.ReadFailed) {
+    ReadError(fileName);
+    return -11;
+  }
+  return 0;
+}
 
+// Each section begins with "~~~~" and its name; a section of another name is
+// skipped whole.
+void tFilterData::ReadSections(tFilterTemplateFile& file) {
   SkipToSection(file);
   while (!file.Eof()) {
     int line = file.LineNumber;
@@ -99,13 +111,6 @@ int tFilterData::ReadTemplate(const char* fileName) {
     }
     SkipToSection(file, known);
   }
-  New();
-  file.Close();
-  if (file.ReadFailed) {
-    ReadError(fileName);
-    return -11;
-  }
-  return 0;
 }
 
 // Lines such as |PORT|23|: the first character is the delimiter, the name

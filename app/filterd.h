@@ -42,6 +42,7 @@ class tFilterData : public tObject {
 
  private:
   tReadNotes& Notes;
+  void ReadSections(tFilterTemplateFile& file);
   void ReadSubstitutions(tFilterTemplateFile& file);
   void ReadLabelRules(tFilterTemplateFile& file);
 };

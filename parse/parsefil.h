@@ -57,6 +57,8 @@ class tParseableFile {
   int AtStreamEnd() const;
   // Makes the unread rest the whole of CurrentLine.
   void Compact();
+  String TakeQuoted();
+  String TakeWord();
 };
 
 // 1 when line holds more than the bytes of blank (blanks and tabs unless told

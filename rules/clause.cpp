@@ -111,37 +111,17 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   String fields[3];
   int count = HeaderFields(header, fields);
   if (count == 0) return 0;
-  const char* first = fields[0].Text();
-  if (first[0] == '~') {
-    // "~~" opens the companion template; a template that is itself a companion
-    // (its Partner is already set) or "~~~..." ends here without one.
-    if (first[1] != '~' && !Partner) {
-      Partner = new tClauseTemplate;
-      Partner->Partner = this;
-      OwnsPartner = true;
-      Partner->Read(file);
-    } else if (Partner) {
-      file.Note(line, NoteSecondCompanion);
-    }
+  if (fields[0].Text()[0] == '~') {
+    ReadCompanion(file, fields[0].Text(), line);
     return 0;
   }
   if (count < 3) {
     file.Note(line, header.At(',') < 0 ? NoteHeaderNoCommas : NoteHeaderFewFields, header);
     return 0;
   }
-  int variant = ToPriority(first);
-  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, header);
-  variant = ToVariant(variant);
-  int priority = ToPriority(fields[1].Text());
-  if (IsHeld(priority, fields[1].Text())) file.Note(line, NotePriorityHeld, fields[1]);
-  char kind = fields[2].ToUpper().Text()[0];
-  DListtPrioritizedString* texts = nullptr;
-  if (kind == 'S') texts = &SingleTexts.Make(variant);
-  if (kind == 'V') texts = &ValueTexts.Make(variant);
-  if (!texts) {
-    file.Note(line, NoteHeaderUnknownKind, header);
-    return 0;
-  }
+  int priority;
+  DListtPrioritizedString* texts = ListFor(file, line, header, fields, priority);
+  if (!texts) return 0;
 
   tPrioritizedString* text = new tPrioritizedString(Empty, priority);
   texts->ToSorted(text);
@@ -152,6 +132,36 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
     *text += "\n";
   }
   return file.Eof() ? 0 : 1;
+}
+
+// "~~" opens the companion template; a template that is itself a companion
+// (its Partner is already set) or "~~~..." ends here without one.
+void tClauseTemplate::ReadCompanion(tFilterTemplateFile& file, const char* marker, int line) {
+  if (marker[1] != '~' && !Partner) {
+    Partner = new tClauseTemplate;
+    Partner->Partner = this;
+    OwnsPartner = true;
+    Partner->Read(file);
+  } else if (Partner) {
+    file.Note(line, NoteSecondCompanion);
+  }
+}
+
+// The variant is held to 0..3 and the priority to the 32-bit range; a kind
+// other than S or V gives no list.
+DListtPrioritizedString* tClauseTemplate::ListFor(tFilterTemplateFile& file, int line,
+                                                  const String& header, String fields[3],
+                                                  int& priority) {
+  int variant = ToPriority(fields[0].Text());
+  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, header);
+  variant = ToVariant(variant);
+  priority = ToPriority(fields[1].Text());
+  if (IsHeld(priority, fields[1].Text())) file.Note(line, NotePriorityHeld, fields[1]);
+  char kind = fields[2].ToUpper().Text()[0];
+  if (kind == 'S') return &SingleTexts.Make(variant);
+  if (kind == 'V') return &ValueTexts.Make(variant);
+  file.Note(line, NoteHeaderUnknownKind, header);
+  return nullptr;
 }
 
 int tClauseTemplate::Write(FILE* stream) const {

@@ -96,6 +96,10 @@ class tClauseTemplate : public tObject, public tPooled<tClauseTemplate> {
 
   // Reads one header line and the text under it; 0 when reading must end.
   int ReadText(tFilterTemplateFile& file);
+  void ReadCompanion(tFilterTemplateFile& file, const char* marker, int line);
+  // The list that a header's fields put their text in, and its priority.
+  DListtPrioritizedString* ListFor(tFilterTemplateFile& file, int line, const String& header,
+                                   String fields[3], int& priority);
 };
 
 // What the user filled in for one clause template: which variants are on and

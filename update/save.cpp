@@ -35,8 +35,12 @@ int SaveOver(tFilterData& document, tUpdateTarget& target) {
     return -1;
   }
   if (SameContent(temporary.Fd(), target.Fd())) return 0;
+  // The folder is synced before the new version gets its name, not after: a
+  // folder that cannot be synced saves nothing, and the name exists only for
+  // the few steps of the replacement, the one moment a SIGKILL could leave it.
+  if (SyncFolder(target, kSyncBefore) < 0) return -1;
   if (!temporary.Link()) return -1;
-  if (SyncFolder(target, 0) < 0) return -1;
-  if (Replace(target, temporary) < 0) return -1;
-  return SyncFolder(target, 1);
+  int backedUp = Replace(target, temporary);
+  if (backedUp < 0) return -1;
+  return SyncFolder(target, backedUp ? kSyncBackedUp : kSyncNoBackup);
 }

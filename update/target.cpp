@@ -26,6 +26,21 @@ int SameFile(const struct stat& a, const struct stat& b) {
   return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
+// Whether the link name in folder may be followed. In a sticky folder that
+// anyone may write to, a link that belongs neither to the folder's owner nor
+// to the user running the update may have been put there by another user to
+// send the update to a file of their choosing: it is not followed. The kernel
+// has the same rule (protected_symlinks), but the links are read here, not
+// followed by the kernel, so it cannot apply it.
+int MayFollow(int folder, const char* name) {
+  struct stat link, owner;
+  if (fstatat(folder, name, &link, AT_SYMLINK_NOFOLLOW) != 0 || fstat(folder, &owner) != 0)
+    return 0;
+  const mode_t open = S_ISVTX | S_IWOTH;
+  if ((owner.st_mode & open) != open) return 1;
+  return link.st_uid == owner.st_uid || link.st_uid == geteuid();
+}
+
 }  // namespace
 
 tUpdateTarget::tUpdateTarget(const char* name)
@@ -40,7 +55,7 @@ String tUpdateTarget::ShownFolder() const { return FolderOf(Path); }
 
 int tUpdateTarget::Open() {
   int resolved = Resolve();
-  if (!Accept()) return 0;
+  if (resolved < 0 || !Accept()) return 0;
   if (!resolved) {
     Error(3, String("Could not open '") + Given + "'.");
     return 0;
@@ -51,6 +66,8 @@ int tUpdateTarget::Open() {
 // Each link is read in the folder it lies in and its target opened from
 // there, so a folder renamed or a link switched meanwhile cannot send a later
 // step elsewhere. The kernel's own limit of 40 links ends a loop of links.
+// Returns 1 when resolved, 0 when not, -1 after error 20 (a link of another
+// user's in a folder open to all).
 int tUpdateTarget::Resolve() {
   FolderFd = OpenFolder(AT_FDCWD, FolderOf(Given));
   BaseName = Given.Copy(Given.AtLast('/') + 1);
@@ -58,6 +75,12 @@ int tUpdateTarget::Resolve() {
     char target[4096];
     ssize_t length = readlinkat(FolderFd, BaseName.Text(), target, sizeof target - 1);
     if (length < 0) break;
+    if (!MayFollow(FolderFd, BaseName.Text())) {
+      Error(20, String("Cannot update '") + Path +
+                    "': it is a symbolic link of another user in a folder that anyone may "
+                    "write to, so it is not followed. Give the name of the file it points to.");
+      return -1;
+    }
     target[length] = '\0';
     String linked(target);
     Path = target[0] == '/' ? linked : FolderOf(Path) + linked;
