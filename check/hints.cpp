@@ -113,9 +113,19 @@ String HeadName(const String& line) {
 }
 
 String OffStates(const tClauseTemplate& clause) {
+  bool off[4] = {false, false, false, false};
+  int fields = 0;
+  for (int i = 0; i < 4; ++i) {
+    int field = StateField(clause, i);
+    if (field < 0) continue;
+    off[field] = true;
+    fields = field + 1 > fields ? field + 1 : fields;
+  }
   String states;
-  for (int i = 0; i < 4; ++i)
-    if (clause.VariantLabels[i].Length() > 0) states += i == 0 ? "0" : ", 0";
+  for (int field = 0; field < fields; ++field) {
+    if (field > 0) states += ", ";
+    if (off[field]) states += "0";
+  }
   return states;
 }
 

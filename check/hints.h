@@ -18,8 +18,8 @@ String HeaderHint(const String& fields);
 const char* MeantSection(const String& name);
 // The clause name of a data head line: "### \"Mail\", 1" gives Mail.
 String HeadName(const String& line);
-// Every labelled variant of clause off, each state placed by its variant's
-// index as the writer places it: "0, 0", or ", 0" for variant 1 alone.
+// Every labelled variant of clause off, each state in the field the writer
+// puts it in (StateField): "0, 0", or ", 0" for variant 1 alone.
 String OffStates(const tClauseTemplate& clause);
 // A head line of the data without states, with the states of clause (null
 // when the name is unknown) off: "### \"Mail\"" gives "### \"Mail\", 0, 0".
