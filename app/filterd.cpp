@@ -73,6 +73,7 @@ int tFilterData::ReadTemplate(const char* fileName) {
     return -2;
   }
   TemplateTitle = file.GetLine();
+  file.Placed(&TemplateTitle, file.TakenFrom);
   MainRules.Clear();
   LabelRules.Clear();
   FirstLabel = 0;
@@ -140,7 +141,7 @@ void tFilterData::ReadLabelRules(tFilterTemplateFile& file) {
   if (!file.Eof() && file.Line().Text()[1] != '~') {
     int line = file.LineNumber;
     file.GetCh();
-    if (file.LineNumber != line) file.Note(line, NoteLabelLineAlone);
+    if (file.LineNumber != line) file.Note(line, NoteLabelLineAlone, file.Line());
     // A number beyond the 32-bit range is held to it, as text priorities are.
     String number = file.GetLine();
     FirstLabel = ToPriority(number.Text());

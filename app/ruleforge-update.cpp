@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -64,6 +65,13 @@ int ReadOptions(int argc, char** argv, tOptions& options) {
   return 0;
 }
 
+// Standard input is where each file's data is read from (ReadTarget). When the
+// run starts with it closed, /dev/null takes its place, so that no file or
+// folder this run opens gets descriptor 0 and is then closed under it.
+void HoldStandardInput() {
+  if (fcntl(0, F_GETFD) < 0) open("/dev/null", O_RDONLY);
+}
+
 // Reads the data of the target from its locked descriptor, through standard
 // input, which the update does not use otherwise.
 void ReadTarget(tFilterData& document, const tUpdateTarget& target) {
@@ -110,6 +118,7 @@ void UpdateFile(tFilterData& document, tUpdateNotes& notes, tCheckNotes& check, 
 // old version as backup. With -n it only shows the change as a diff. The exit
 // status is the code of the last error.
 int main(int argc, char** argv) {
+  HoldStandardInput();
   InstallCleanup();
   EscapeMessages = 1;
   int answered = AnswerHelpOrVersion(argc, argv, kHelp);

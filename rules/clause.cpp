@@ -105,7 +105,7 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   if (file.Line().StartsWith("~~~")) return 0;
   int line = file.LineNumber;
   file.GetCh();
-  if (file.LineNumber != line) file.Note(line, NoteHeaderAlone);
+  if (file.LineNumber != line) file.Note(line, NoteHeaderAlone, file.Line());
   String header = file.GetLine();
   String fields[3];
   int count = HeaderFields(header, fields);
@@ -119,7 +119,7 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
     return 0;
   }
   int priority;
-  DListtPrioritizedString* texts = ListFor(file, line, fields, priority);
+  DListtPrioritizedString* texts = ListFor(file, line, header, fields, priority);
   if (!texts) return 0;
 
   tPrioritizedString* text = new tPrioritizedString(Empty, priority);
@@ -149,16 +149,17 @@ void tClauseTemplate::ReadCompanion(tFilterTemplateFile& file, const char* marke
 // The variant is held to 0..3 and the priority to the 32-bit range; a kind
 // other than S or V gives no list.
 DListtPrioritizedString* tClauseTemplate::ListFor(tFilterTemplateFile& file, int line,
-                                                  String fields[3], int& priority) {
+                                                  const String& header, String fields[3],
+                                                  int& priority) {
   int variant = ToPriority(fields[0].Text());
-  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, fields[0]);
+  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, header);
   variant = ToVariant(variant);
   priority = ToPriority(fields[1].Text());
   if (IsHeld(priority, fields[1].Text())) file.Note(line, NotePriorityHeld, fields[1]);
   char kind = fields[2].ToUpper().Text()[0];
   if (kind == 'S') return &SingleTexts.Make(variant);
   if (kind == 'V') return &ValueTexts.Make(variant);
-  file.Note(line, NoteHeaderUnknownKind, fields[2]);
+  file.Note(line, NoteHeaderUnknownKind, header);
   return nullptr;
 }
 

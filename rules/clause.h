@@ -111,8 +111,8 @@ class tClauseTemplate : public tObject, public tPooled<tClauseTemplate> {
   int ReadText(tFilterTemplateFile& file);
   void ReadCompanion(tFilterTemplateFile& file, const char* marker, int line);
   // The list that a header's fields put their text in, and its priority.
-  DListtPrioritizedString* ListFor(tFilterTemplateFile& file, int line, String fields[3],
-                                   int& priority);
+  DListtPrioritizedString* ListFor(tFilterTemplateFile& file, int line, const String& header,
+                                   String fields[3], int& priority);
 };
 
 // What the user filled in for one clause template: which variants are on and

@@ -4,16 +4,15 @@
 // case's "faults" file) or linked into the unit tests. RULEFORGE_FAULTS lists
 // faults separated by ";", each "call:text:ACTION": every call of that
 // function on a path containing text (or ending in it, when text ends in "$")
-// does ACTION. ACTION is an errno name (the call fails with it), a signal
-// name (the signal is raised before the call), "outofmemory" (the program's
-// new-handler runs before the call, as when an allocation there failed), or, for readlinkat only,
-// "relink=TARGET" (once the link is read, it is switched to point to TARGET,
-// as another user switching it would). openat_tmpfile is openat asked for an
-// unnamed file (O_TMPFILE), matched by the folder's name. rename, renameat and linkat are matched
-// by their new name, remove and unlinkat by their name, fsync, fchmod, fchown,
-// fclose and fwrite by the path of the descriptor (an unnamed file's path ends
-// in "(deleted)"); fclose closes the stream all the same, as a close that
-// reports a late write error does. pthread_create has no path:
+// does ACTION; "ACTION@N" does it at the Nth such call only. ACTION is an errno name (the call
+// fails with it), a signal name (the signal is raised before the call), "outofmemory" (the
+// program's new-handler runs before the call, as when an allocation there failed), or, for
+// readlinkat only, "relink=TARGET" (once the link is read, it is switched to point to TARGET, as
+// another user switching it would). openat_tmpfile is openat asked for an unnamed file (O_TMPFILE),
+// matched by the folder's name. rename, renameat and linkat are matched by their new name, remove
+// and unlinkat by their name, fsync, fchmod, fchown, fclose and fwrite by the path of the
+// descriptor (an unnamed file's path ends in "(deleted)"); fclose closes the stream all the same,
+// as a close that reports a late write error does. pthread_create has no path:
 // "pthread_create::EAGAIN" makes every thread fail to start, as where a
 // process may not have more threads.
 #include <dlfcn.h>
@@ -28,6 +27,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <map>
 #include <new>
 #include <string>
 
@@ -66,6 +66,12 @@ int Fault(const char* call, const char* path) {
     kSignals[] = {
         {"SIGINT", SIGINT}, {"SIGTERM", SIGTERM}, {"SIGHUP", SIGHUP}, {"SIGKILL", SIGKILL}};
   std::string action = Action(call, path);
+  size_t at = action.find('@');
+  if (at != std::string::npos) {
+    static std::map<std::string, int> calls;
+    if (++calls[call + action] != std::atoi(action.c_str() + at + 1)) return 0;
+    action.erase(at);
+  }
   std::new_handler handler = std::get_new_handler();
   if (action == "outofmemory" && handler) handler();
   for (const auto& signal : kSignals) {

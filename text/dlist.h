@@ -71,8 +71,6 @@ class DList {
   // that leave the cursor alone (see Walk below).
   const DLink* FirstLink() const { return Head(); }
   const DLink* LastLink() const { return Tail; }
-  // The change counter below, for indexes kept outside the list's own class.
-  unsigned long ChangeCount() const { return Changes; }
 
  protected:
   DLink* Tail;

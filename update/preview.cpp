@@ -1,5 +1,6 @@
 #include "update/preview.h"
 
+#include <signal.h>
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -8,7 +9,7 @@
 #include <cstdio>
 
 #include "app/common.h"
-#include "update/save.h"
+#include "text/shown.h"
 
 extern char** environ;
 
@@ -17,7 +18,9 @@ namespace {
 const char kDiff[] = "/usr/bin/diff";
 
 // Runs diff on the two descriptors as its 3 and 4; its exit status, or -1 when
-// it could not be run.
+// it could not be run. A diff ended by SIGPIPE wrote to a reader that stopped
+// reading, as "| head" does: that reader saw differences, and the update is
+// no worse for it.
 int RunDiff(int before, int after, const char* label) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
@@ -31,8 +34,9 @@ int RunDiff(int before, int after, const char* label) {
   int spawned = posix_spawn(&child, kDiff, &actions, nullptr, argv, environ) == 0;
   posix_spawn_file_actions_destroy(&actions);
   int status;
-  if (!spawned || waitpid(child, &status, 0) != child || !WIFEXITED(status)) return -1;
-  return WEXITSTATUS(status);
+  if (!spawned || waitpid(child, &status, 0) != child) return -1;
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGPIPE) return 1;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 }  // namespace
@@ -50,7 +54,10 @@ int Preview(tFilterData& document, tUpdateTarget& target) {
   if (result >= 0) {
     // What this run printed before must come before the diff.
     std::fflush(stdout);
-    int status = RunDiff(target.Fd(), fd, target.GivenName());
+    // The labels are lines of the diff: a name's control characters are
+    // escaped as in the messages, so that no name can break a line or reach
+    // the terminal.
+    int status = RunDiff(target.Fd(), fd, Shown(String(target.GivenName())).Text());
     if (status != 0 && status != 1) {
       Error(19, String("Cannot show the changes to '") + target.GivenName() + "': " + kDiff +
                     " failed.");

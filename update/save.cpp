@@ -6,9 +6,14 @@
 #include <cstring>
 
 #include "app/common.h"
+#include "update/cleanup.h"
 #include "update/replace.h"
 #include "update/tempfile.h"
 
+namespace {
+
+// 1 when the two descriptors' files hold the same bytes; read from offset 0,
+// their offsets unchanged.
 int SameContent(int first, int second) {
   char a[65536], b[65536];
   for (off_t at = 0;; at += sizeof a) {
@@ -18,6 +23,8 @@ int SameContent(int first, int second) {
     if (n == 0) return 1;
   }
 }
+
+}  // namespace
 
 int SaveOver(tFilterData& document, tUpdateTarget& target) {
   struct stat old;
@@ -35,8 +42,15 @@ int SaveOver(tFilterData& document, tUpdateTarget& target) {
     return -1;
   }
   if (SameContent(temporary.Fd(), target.Fd())) return 0;
+  // The folder is synced before the new version gets its name, not after: a
+  // folder that cannot be synced saves nothing, and the name exists only for
+  // the few steps of the replacement, the one moment a SIGKILL could leave it.
+  if (SyncFolder(target, kSyncBefore) < 0) return -1;
   if (!temporary.Link()) return -1;
-  if (SyncFolder(target, 0) < 0) return -1;
-  if (Replace(target, temporary) < 0) return -1;
-  return SyncFolder(target, 1);
+  // A signal that comes from here on ends the run only once the file is
+  // replaced and the folder synced, so that what it leaves lasts.
+  tSignalsHeld held;
+  int backedUp = Replace(target, temporary);
+  if (backedUp < 0) return -1;
+  return SyncFolder(target, backedUp ? kSyncBackedUp : kSyncNoBackup);
 }

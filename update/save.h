@@ -1,14 +1,8 @@
 #ifndef RULEFORGE_UPDATE_SAVE_H
 #define RULEFORGE_UPDATE_SAVE_H
 
-#include <cstdio>
-
 #include "app/filterd.h"
 #include "update/target.h"
-
-// 1 when the two descriptors' files hold the same bytes; read from offset 0,
-// their offsets unchanged.
-int SameContent(int first, int second);
 
 // Saves the document's output over the target: writes it to a temporary file
 // that only the target's users can open, syncs it, and puts it in place with a

@@ -8,19 +8,13 @@
 
 #include "app/common.h"
 #include "output/savename.h"
+#include "update/linkwalk.h"
 
 namespace {
 
 // Splits a path at its last slash: the folder part with the slash, and the
 // name after it.
 String FolderOf(const String& path) { return path.Copy(0, path.AtLast('/') + 1); }
-
-// Opens folder (empty: the working folder) relative to base, a folder's
-// descriptor or AT_FDCWD; an absolute folder ignores base.
-int OpenFolder(int base, const String& folder) {
-  const char* name = folder.Length() > 0 ? folder.Text() : ".";
-  return openat(base, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-}
 
 int SameFile(const struct stat& a, const struct stat& b) {
   return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
@@ -40,7 +34,7 @@ String tUpdateTarget::ShownFolder() const { return FolderOf(Path); }
 
 int tUpdateTarget::Open() {
   int resolved = Resolve();
-  if (!Accept()) return 0;
+  if (resolved < 0 || !Accept()) return 0;
   if (!resolved) {
     Error(3, String("Could not open '") + Given + "'.");
     return 0;
@@ -50,23 +44,27 @@ int tUpdateTarget::Open() {
 
 // Each link is read in the folder it lies in and its target opened from
 // there, so a folder renamed or a link switched meanwhile cannot send a later
-// step elsewhere. The kernel's own limit of 40 links ends a loop of links.
+// step elsewhere; a link of another user's in a folder open to all is not
+// followed (update/linkwalk.h). Returns 1 when resolved, 0 when not, -1 after
+// error 20.
 int tUpdateTarget::Resolve() {
-  FolderFd = OpenFolder(AT_FDCWD, FolderOf(Given));
+  int links = 0;
+  FolderFd = OpenFolderAt(AT_FDCWD, FolderOf(Given), links, Given.Text());
   BaseName = Given.Copy(Given.AtLast('/') + 1);
-  for (int links = 0; FolderFd >= 0 && links < 40; ++links) {
-    char target[4096];
-    ssize_t length = readlinkat(FolderFd, BaseName.Text(), target, sizeof target - 1);
-    if (length < 0) break;
-    target[length] = '\0';
-    String linked(target);
-    Path = target[0] == '/' ? linked : FolderOf(Path) + linked;
+  while (FolderFd >= 0 && links < kMostLinks) {
+    String linked;
+    int link = ReadLink(FolderFd, BaseName.Text(), linked, Path, Given.Text());
+    if (link < 0) return -1;
+    if (link == 0) break;
+    ++links;
+    Path = linked[0] == '/' ? linked : FolderOf(Path) + linked;
     BaseName = linked.Copy(linked.AtLast('/') + 1);
     if (FolderOf(linked).Length() == 0) continue;
-    int next = OpenFolder(FolderFd, FolderOf(linked));
+    int next = OpenFolderAt(FolderFd, FolderOf(linked), links, Given.Text());
     close(FolderFd);
     FolderFd = next;
   }
+  if (FolderFd == -2) return -1;
   return FolderFd >= 0 && BaseName.Length() > 0;
 }
 

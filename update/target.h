@@ -20,8 +20,9 @@ class tUpdateTarget {
 
   // Resolves the name, refuses what cannot be updated and waits until no
   // other update holds the file. Reports error 3 (cannot be opened), 13 (the
-  // backup would have the file's own name) or 14 (not a regular file) and
-  // returns 0; 1 when the file is open and locked.
+  // backup would have the file's own name), 14 (not a regular file) or 20 (a
+  // link another user may have planted) and returns 0; 1 when the file is
+  // open and locked.
   int Open();
 
   // The file that is replaced as messages show it: the folders of the links

@@ -20,6 +20,12 @@ String NumberedName(int n) {
   return String("mkrule~.") + number;
 }
 
+// Reports that no temporary file could be had for shownFile; returns 0.
+int NoTemporary(const char* shownFile) {
+  Error(7, String("Could not open temporary file '") + shownFile + "' for writing!");
+  return 0;
+}
+
 }  // namespace
 
 tTemporaryFile::tTemporaryFile(int folder, const String& shownFolder, const char* shownFile)
@@ -38,15 +44,11 @@ int tTemporaryFile::Fd() const { return File ? fileno(File) : -1; }
 int tTemporaryFile::Create(const struct stat& old) {
   int fd = OpenUnnamed();
   if (fd < 0) fd = OpenNamed();
-  if (fd < 0) {
-    Error(7, String("Could not open temporary file '") + ShownFile + "' for writing!");
-    return 0;
-  }
+  if (fd < 0) return NoTemporary(ShownFile);
   File = fdopen(fd, "w");
   if (!File) {
     close(fd);
-    Error(7, String("Could not open temporary file '") + ShownFile + "' for writing!");
-    return 0;
+    return NoTemporary(ShownFile);
   }
   return TakeAttributes(fd, old);
 }
@@ -118,8 +120,7 @@ int tTemporaryFile::Link() {
     }
     if (errno != EEXIST) break;
   }
-  Error(7, String("Could not open temporary file '") + ShownFile + "' for writing!");
-  return 0;
+  return NoTemporary(ShownFile);
 }
 
 void tTemporaryFile::Release() {
