@@ -5,19 +5,31 @@
 
 namespace {
 
+// One finding for the first entry that holds ';' separators and one for the
+// first that runs addresses together; both hint at the whole line with every
+// such entry split.
 void CheckList(const DListtString& entries, int line, tFindings& findings) {
   String written;
-  const tString* first = nullptr;
+  const tString* separated = nullptr;
+  const tString* glued = nullptr;
   for (const tString* entry : Walk<const tString>(entries)) {
-    if (!first && HoldsSeparators(*entry)) first = entry;
     if (written.Length() > 0) written += ", ";
+    String split;
+    if (GluedAddresses(*entry, split)) {
+      if (!glued) glued = entry;
+      written += split;
+      continue;
+    }
+    if (!separated && HoldsSeparators(*entry)) separated = entry;
     written += *entry;
   }
-  if (!first) return;
-  findings.Add(line, "entry " + Quoted(*first) +
-                         " holds ';' between its parts: it is read as one entry and makes one "
-                         "broken rule (separate entries by commas: write " +
-                         ListHint("### " + written) + ")");
+  String meant =
+      ": it is read as one entry and makes one broken rule (separate entries by commas: "
+      "write " +
+      ListHint("### " + written) + ")";
+  if (separated)
+    findings.Add(line, "entry " + Quoted(*separated) + " holds ';' between its parts" + meant);
+  if (glued) findings.Add(line, "entry " + Quoted(*glued) + " runs addresses together" + meant);
 }
 
 void CheckRecord(const tClauseData& record, const tCheckNotes& notes, tFindings& findings) {

@@ -39,5 +39,10 @@ int CanBeNamed(const String& name);
 // 1 when entry holds a ';' that is not the one ";bits" suffix of a network
 // (a number of bits from 0 to 32 after the only ';'), else 0.
 int HoldsSeparators(const String& entry);
+// 1 when entry, made of digits, dots and ';' only, reads as two or more
+// addresses or networks run together ("192.0.2.53192.0.2.54",
+// "10.4.0.0;1610.5.0.0;16"); split is then those joined by ", ". Else 0, and
+// split is left alone.
+int GluedAddresses(const String& entry, String& split);
 
 #endif

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "check/hints.h"
 #include "resolve/dnsresol.h"
 #include "resolve/entry.h"
 #include "text/dlist.h"
@@ -46,8 +47,10 @@ void CheckEntries(const DListtString& entries, int place, int line, tFindings& f
   for (const tString* entry : Walk<const tString>(entries)) {
     String text = AsLookedUp(*entry, place);
     if (text.Length() == 0 || text.AtFirstIn("0123456789") < 0) continue;
+    String split;
     if (text.AtFirstNotIn("0123456789.") < 0) {
-      if (!IsAddress(text.Text()))
+      // Addresses run together have their finding among the entries.
+      if (!IsAddress(text.Text()) && !GluedAddresses(*entry, split))
         findings.Add(line, "entry " + Quoted(*entry) +
                                " is taken as an address as it stands, but it is no valid address");
     } else if (LooksLikeAddress(text)) {
