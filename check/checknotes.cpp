@@ -129,7 +129,9 @@ bool tCheckNotes::Taken(int line, tNote what, const String& detail) {
       ShortStrings[LastPlaced] = std::make_pair(line, detail);
       return true;
     case NoteNulByte:
-      return InData && Where == BelowSection;
+      if (InData && Where == BelowSection) return true;
+      Findings.Alone(line);
+      return false;
     case NoteNoStates:
       // The line read as the states is the cause's effect, not a finding of
       // its own.
