@@ -102,9 +102,10 @@ void tCheckNotes::DataLine(int line, tNote what, const String& text) {
   }
   if (Where != InSection) return;
   if (what == NoteBareMarker) {
-    Findings.Add(line,
-                 "line \"###\" alone is skipped, so the list lines after it move up (write "
-                 "\"### \" with a blank for an empty list)");
+    Findings.Add(
+        line,
+        "line \"###\" alone is skipped, so the list lines after it move up (delete it, or write "
+        "\"### \" with a blank for an empty list)");
   } else if (text.StartsWith(kSectionEnd)) {
     Where = BelowSection;
   } else if (IsWritten(text) && !text.StartsWith("## ")) {
