@@ -1,6 +1,7 @@
 #include "check/entries.h"
 
 #include "check/hints.h"
+#include "check/records.h"
 #include "text/dlist.h"
 
 namespace {
@@ -40,10 +41,5 @@ void CheckRecord(const tClauseData& record, const tCheckNotes& notes, tFindings&
 }  // namespace
 
 void CheckEntries(tFilterData& document, const tCheckNotes& notes, tFindings& findings) {
-  for (const DListtClauseData* set : Walk<const DListtClauseData>(document.DataSets)) {
-    for (const tClauseData* record : Walk<const tClauseData>(*set)) {
-      CheckRecord(*record, notes, findings);
-      if (record->Partner) CheckRecord(*record->Partner, notes, findings);
-    }
-  }
+  ForEachRecord(document, [&](const tClauseData& record) { CheckRecord(record, notes, findings); });
 }

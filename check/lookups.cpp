@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "check/hints.h"
+#include "check/records.h"
 #include "resolve/dnsresol.h"
 #include "resolve/entry.h"
 #include "text/dlist.h"
@@ -71,10 +72,5 @@ void CheckRecord(const tClauseData& record, const tCheckNotes& notes, tFindings&
 }  // namespace
 
 void CheckLookups(tFilterData& document, const tCheckNotes& notes, tFindings& findings) {
-  for (const DListtClauseData* set : Walk<const DListtClauseData>(document.DataSets)) {
-    for (const tClauseData* record : Walk<const tClauseData>(*set)) {
-      CheckRecord(*record, notes, findings);
-      if (record->Partner) CheckRecord(*record->Partner, notes, findings);
-    }
-  }
+  ForEachRecord(document, [&](const tClauseData& record) { CheckRecord(record, notes, findings); });
 }
