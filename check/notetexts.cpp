@@ -75,7 +75,7 @@ String Glued(const tNoteContext& c) {
          ListHint(c.Noted) + ")";
 }
 
-String Unknown(const tNoteContext& c) { return c.Names.UnknownClause(c.Detail); }
+String Unknown(const tNoteContext& c) { return c.Names.UnknownClause(c.Detail, c.Noted); }
 
 String SetName(const tNoteContext& c) { return Quoted("###~~~~" + c.Detail) + ")"; }
 
