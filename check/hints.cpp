@@ -251,6 +251,36 @@ int HoldsSeparators(const String& entry) {
   return digits == 0 || digits > 2 || bits[digits] != '\0' || std::atoi(bits) > 32;
 }
 
+int IsAddress(const String& text) {
+  const char* p = text.Text();
+  for (int part = 0; part < 4; ++part) {
+    if (part > 0 && *p++ != '.') return 0;
+    int digits = static_cast<int>(std::strspn(p, "0123456789"));
+    if (digits < 1 || digits > 3 || std::atoi(p) > 255) return 0;
+    p += digits;
+  }
+  if (*p != ';') return *p == '\0';
+  return !HoldsSeparators(text);
+}
+
+int SplitAddress(const String& entry) {
+  const char* p = entry.Text() + std::strspn(entry.Text(), " \t");
+  String first = String(p).Head(static_cast<int>(std::strcspn(p, " \t")));
+  return IsAddress(entry.Strip(" \t")) && !IsAddress(first);
+}
+
+String JoinedAddresses(const String& line) {
+  const char* text = line.Text();
+  String joined = line.Head(DataPrefix(text));
+  for (const char* p = text + joined.Length(); *p;) {
+    String entry = String(p).Head(static_cast<int>(std::strcspn(p, ",")));
+    joined += SplitAddress(entry) ? entry.Strip(" \t") : entry;
+    p += entry.Length();
+    if (*p) joined += String(p++).Head(1);
+  }
+  return joined;
+}
+
 int GluedAddresses(const String& entry, String& split) {
   if (entry.Length() == 0 || entry.AtFirstNotIn("0123456789.;") >= 0 || entry.At('.') < 0) return 0;
   String found;

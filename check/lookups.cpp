@@ -11,17 +11,6 @@
 
 namespace {
 
-// Four decimal numbers from 0 to 255 joined by dots.
-int IsAddress(const char* text) {
-  for (int part = 0; part < 4; ++part) {
-    if (part > 0 && *text++ != '.') return 0;
-    int digits = static_cast<int>(std::strspn(text, "0123456789"));
-    if (digits < 1 || digits > 3 || std::atoi(text) > 255) return 0;
-    text += digits;
-  }
-  return *text == '\0';
-}
-
 // The host part of the entry as the resolver sees it, without the ";bits"
 // suffix; empty when the entry never reaches the resolver.
 String AsLookedUp(const String& entry, int place) {
@@ -51,7 +40,7 @@ void CheckEntries(const DListtString& entries, int place, int line, tFindings& f
     String split;
     if (text.AtFirstNotIn("0123456789.") < 0) {
       // Addresses run together have their finding among the entries.
-      if (!IsAddress(text.Text()) && !GluedAddresses(*entry, split))
+      if (!IsAddress(text) && !GluedAddresses(*entry, split))
         findings.Add(line, "entry " + Quoted(*entry) +
                                " is taken as an address as it stands, but it is no valid address");
     } else if (LooksLikeAddress(text)) {
