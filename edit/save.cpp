@@ -19,9 +19,9 @@ int SaveFile(tFilterData& document, const char* fileName) {
   return error;
 }
 
-int ShowDiff(tFilterData& document, const char* fileName) {
-  tScratchFile scratch;
-  if (!scratch.File) {
+int DiffText(tFilterData& document, const char* fileName, std::string& text) {
+  tScratchFile scratch, diff;
+  if (!scratch.File || !diff.File) {
     Error(7, String("Could not open temporary file '") + fileName + "' for writing!");
     return error;
   }
@@ -29,22 +29,34 @@ int ShowDiff(tFilterData& document, const char* fileName) {
   tOutputFrame frame{document.TemplateTitle.Text(), document.FirstLabel, document.SubstitutionNames,
                      document.SubstitutionValues};
   if (document.DataSets.WriteTo(scratch.File, fileName, frame, progress) < 0) return error;
-  std::fflush(stdout);
   const char* old = access(fileName, F_OK) == 0 ? fileName : "/dev/null";
   String newLabel = String(fileName) + " (edited)";
   const char* argv[] = {"diff",          "-u", "--label",           fileName, "--label",
                         newLabel.Text(), old,  scratch.Path.Text(), nullptr};
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_adddup2(&actions, fileno(diff.File), 1);
   pid_t child;
-  if (posix_spawn(&child, "/usr/bin/diff", nullptr, nullptr, const_cast<char**>(argv), environ) !=
-      0) {
-    Error(8, "Could not run /usr/bin/diff to show the difference.");
-    return error;
-  }
+  int spawned =
+      posix_spawn(&child, "/usr/bin/diff", &actions, nullptr, const_cast<char**>(argv), environ);
+  posix_spawn_file_actions_destroy(&actions);
   int status = 0;
-  waitpid(child, &status, 0);
-  if (!WIFEXITED(status) || WEXITSTATUS(status) > 1) {
+  if (spawned == 0) waitpid(child, &status, 0);
+  if (spawned != 0 || !WIFEXITED(status) || WEXITSTATUS(status) > 1) {
     Error(8, String("Could not show the difference for '") + fileName + "'.");
     return error;
   }
+  text.clear();
+  std::rewind(diff.File);
+  char buffer[8192];
+  size_t n;
+  while ((n = std::fread(buffer, 1, sizeof buffer, diff.File)) > 0) text.append(buffer, n);
+  return 0;
+}
+
+int ShowDiff(tFilterData& document, const char* fileName) {
+  std::string text;
+  if (DiffText(document, fileName, text) != 0) return error;
+  std::fwrite(text.data(), 1, text.size(), stdout);
   return 0;
 }

@@ -1,0 +1,59 @@
+#include "edit/datacheck.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "check/lookups.h"
+#include "edit/scratch.h"
+#include "rules/outstage.h"
+
+tDataCheck::tDataCheck(const char* templateName)
+    : Notes(Findings), Checker(new tFilterData(templateName, 0, &Notes)) {
+  Notes.Rules(&Checker->MainRules, &Checker->LabelRules);
+}
+
+tDataCheck::~tDataCheck() {}
+
+void tDataCheck::Run(tFilterData& document) {
+  Items.clear();
+  tScratchFile written, printed;
+  if (!written.File || !printed.File) return;
+  tProgress progress;
+  tOutputFrame frame{document.TemplateTitle.Text(), document.FirstLabel, document.SubstitutionNames,
+                     document.SubstitutionValues};
+  if (document.DataSets.WriteTo(written.File, "", frame, progress) < 0) return;
+  Findings.Begin("");
+  Notes.BeginData();
+  if (Checker->ReadData(written.Path.Text()) != 0) return;
+  CheckLookups(*Checker, Notes, Findings);
+  Findings.Print(printed.File);
+  std::fflush(printed.File);
+  std::rewind(printed.File);
+  // Each line reads ":LINE: warning: TEXT".
+  char line[4096];
+  while (std::fgets(line, sizeof line, printed.File)) {
+    const char* text = std::strstr(line, ": warning: ");
+    if (!text) continue;
+    std::string finding(text + 11);
+    if (!finding.empty() && finding.back() == '\n') finding.pop_back();
+    Place(std::atoi(line + 1), finding);
+  }
+}
+
+// The list read from that line, found by walking the records read back.
+void tDataCheck::Place(int line, const std::string& text) {
+  int s = 0;
+  for (DListtClauseData* set : Walk<DListtClauseData>(Checker->DataSets)) {
+    int r = 0;
+    for (tClauseData* record : Walk<tClauseData>(*set)) {
+      tClauseData* part = record;
+      for (int p = 0; part && p < 2; ++p, part = part->Partner) {
+        if (Notes.LineOf(&part->Values0) == line) return Items.push_back({s, r, p, 0, text});
+        if (Notes.LineOf(&part->Values1) == line) return Items.push_back({s, r, p, 1, text});
+      }
+      ++r;
+    }
+    ++s;
+  }
+  Items.push_back({-1, -1, 0, -1, text});
+}
