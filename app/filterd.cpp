@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "app/common.h"
+#include "output/save.h"
 #include "resolve/dnsresol.h"
 #include "rules/numbers.h"
 
@@ -15,7 +16,7 @@ int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
 // whole section is being skipped.
 void SkipToSection(tFilterTemplateFile& file, int noteSkipped = 1) {
   while (!file.Eof() && !AtSectionSeparator(file)) {
-    if (noteSkipped && file.Notes && IsWritten(file.Line()))
+    if (noteSkipped && IsWritten(file.Line()))
       file.Note(file.LineNumber, NoteLineSkipped, file.Line());
     file.Next();
   }
@@ -23,8 +24,7 @@ void SkipToSection(tFilterTemplateFile& file, int noteSkipped = 1) {
 
 void SkipToLabelLine(tFilterTemplateFile& file) {
   while (!file.Eof() && file.Ch() != '~') {
-    if (file.Notes && IsWritten(file.Line()))
-      file.Note(file.LineNumber, NoteLineSkipped, file.Line());
+    if (IsWritten(file.Line())) file.Note(file.LineNumber, NoteLineSkipped, file.Line());
     file.Next();
   }
 }
@@ -49,7 +49,7 @@ void WriteSubstitutions(FILE* out, const DListtString& names, const DListtString
 
 }  // namespace
 
-tFilterData::tFilterData(const char* templateName, int resolve, tReadNotes* notes)
+tFilterData::tFilterData(const char* templateName, int resolve, tReadNotes& notes)
     : FirstLabel(0), ResolveNames(resolve), Notes(notes) {
   ReadTemplate(templateName ? templateName : "mkrule.tpl");
 }
@@ -62,8 +62,7 @@ tFilterData::~tFilterData() {}
 int tFilterData::New() { return DataSets.New(&MainRules); }
 
 int tFilterData::ReadTemplate(const char* fileName) {
-  tFilterTemplateFile file(fileName);
-  file.Notes = Notes;
+  tFilterTemplateFile file(fileName, Notes);
   if (!file.IsOpen) {
     Error(1, String("Could not open '") + fileName + "'.");
     return -1;
@@ -191,10 +190,18 @@ int tFilterData::ReadData(const char* fileName) {
   return -5;
 }
 
+tOutputFrame tFilterData::OutputFrame() const {
+  return tOutputFrame{TemplateTitle.Text(), FirstLabel, SubstitutionNames, SubstitutionValues};
+}
+
 int tFilterData::WriteData(const char* fileName, int keepUnchanged) {
   if (ResolveNames) Resolver = new tDNSResolver;
-  DataSets.Write(fileName, TemplateTitle.Text(), FirstLabel, SubstitutionNames, SubstitutionValues,
-                 keepUnchanged);
+  if (fileName) {
+    SaveOutput(fileName, DataSets, OutputFrame(), keepUnchanged);
+  } else {
+    tProgress progress;
+    WriteOutput(stdout, "", DataSets, OutputFrame(), progress);
+  }
   if (Resolver) {
     delete Resolver;
     Resolver = nullptr;

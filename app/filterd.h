@@ -1,6 +1,7 @@
 #ifndef RULEFORGE_APP_FILTERD_H
 #define RULEFORGE_APP_FILTERD_H
 
+#include "output/output.h"
 #include "rules/clauslst.h"
 #include "text/dliststr.h"
 #include "text/str.h"
@@ -20,21 +21,25 @@ class tFilterData : public tObject {
   DListtString SubstitutionNames;
   DListtString SubstitutionValues;
 
-  // A null templateName reads "mkrule.tpl" from the working directory. Notes,
-  // when given, receives what the template and data readers skip or read
-  // otherwise than written; it must outlive the document.
-  tFilterData(const char* templateName, int resolve, tReadNotes* notes = nullptr);
+  // A null templateName reads "mkrule.tpl" from the working directory. Notes
+  // receives what the template and data readers skip or read otherwise than
+  // written; it must outlive the document.
+  tFilterData(const char* templateName, int resolve, tReadNotes& notes = tReadNotes::Silent());
   ~tFilterData() override;
 
   int ReadTemplate(const char* fileName);
   int WriteTemplate(const char* fileName) const;
   int ReadData(const char* fileName);
-  // keepUnchanged: see DListOfDListtClauseData::Write.
+  // Writes the output to standard output when fileName is null, else saves it
+  // to that file (keepUnchanged: see SaveOutput). The resolver exists while it
+  // runs when names are resolved.
   int WriteData(const char* fileName, int keepUnchanged = 0);
+  // What the output takes from the template besides the data sets.
+  tOutputFrame OutputFrame() const;
   int New();
 
  private:
-  tReadNotes* Notes;
+  tReadNotes& Notes;
   void ReadSubstitutions(tFilterTemplateFile& file);
   void ReadLabelRules(tFilterTemplateFile& file);
 };

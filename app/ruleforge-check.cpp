@@ -3,6 +3,7 @@
 #include <new>
 #include <vector>
 
+#include "app/about.h"
 #include "app/common.h"
 #include "app/filterd.h"
 #include "check/checknotes.h"
@@ -10,7 +11,7 @@
 #include "check/lookups.h"
 #include "check/starter.h"
 #include "check/tplcheck.h"
-#include "rules/writeerr.h"
+#include "output/writeerr.h"
 #include "text/str.h"
 
 namespace {
@@ -26,6 +27,14 @@ int Finish(int status) {
   return status;
 }
 
+const char* const kUsages[] = {"[-r] [-t templatefile] [datafile ...]", "-s [-t templatefile]"};
+const tOptionHelp kOptions[] = {
+    {"-r", "look no names up; entries for resolved places are not checked as addresses"},
+    {"-s", "print a starting data file for the template instead of checking"},
+    {"-t templatefile", "read templatefile instead of mkrule.tpl"},
+};
+const tProgramHelp kHelp = {"ruleforge-check", kUsages, 2, kOptions, 3};
+
 }  // namespace
 
 // ruleforge-check [-r] [-t templatefile] [datafile ...]
@@ -38,6 +47,9 @@ int Finish(int status) {
 // written. With -s it prints a starting data file.
 int main(int argc, char** argv) {
   std::set_new_handler(OutOfMemory);
+  int answered = AnswerHelpOrVersion(argc, argv, kHelp);
+  if (answered >= 0) return answered;
+  EscapeMessages = 1;
   String templateName;
   int resolve = 1;
   int starter = 0;
@@ -65,11 +77,15 @@ int main(int argc, char** argv) {
 
   tFindings findings;
   tCheckNotes notes(findings);
+  // The readers report these conditions too; the notes make findings of them.
+  QuietWarning(1);
+  QuietWarning(2);
+  QuietError(6);
   int unreadable = 0;
   {
     const char* name = templateName.Length() > 0 ? templateName.Text() : nullptr;
     findings.Begin(name ? name : "mkrule.tpl");
-    tFilterData document(name, resolve, &notes);
+    tFilterData document(name, resolve, notes);
     if (error != 0) return 2;
     if (starter) {
       WriteStarter(document, stdout);
@@ -82,9 +98,7 @@ int main(int argc, char** argv) {
       int standardInput = std::strcmp(file, "-") == 0;
       findings.Begin(standardInput ? "<stdin>" : file);
       notes.BeginData();
-      error = 0;
-      document.ReadData(standardInput ? nullptr : file);
-      if (error != 0) {
+      if (document.ReadData(standardInput ? nullptr : file) < 0) {
         unreadable = 1;
         continue;
       }

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <new>
 
+#include "app/about.h"
 #include "app/common.h"
 #include "app/filterd.h"
 #include "edit/commands.h"
@@ -15,6 +16,14 @@
 namespace {
 
 const char kUse[] = " [-r] [-t templatefile] [-n] file [command ...]";
+const char* const kUsages[] = {"[-r] [-t templatefile] file",
+                               "[-r] [-t templatefile] [-n] file command ..."};
+const tOptionHelp kOptions[] = {
+    {"-n", "print how the commands would change the file and save nothing"},
+    {"-r", "do not resolve host names"},
+    {"-t templatefile", "read templatefile instead of mkrule.tpl"},
+};
+const tProgramHelp kHelp = {"ruleforge-edit", kUsages, 2, kOptions, 3};
 
 // Runs the commands and saves, or with dryRun prints what saving would change.
 int Apply(tFilterData& document, const char* fileName, int count, char** words, int dryRun) {
@@ -39,6 +48,8 @@ int Apply(tFilterData& document, const char* fileName, int count, char** words, 
 // template's empty data. Saving regenerates the file as ruleforge-update does.
 int main(int argc, char** argv) {
   std::set_new_handler(OutOfMemory);
+  int answered = AnswerHelpOrVersion(argc, argv, kHelp);
+  if (answered >= 0) return answered;
   String templateName;
   int resolve = 1;
   int dryRun = 0;

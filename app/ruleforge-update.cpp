@@ -1,16 +1,30 @@
 #include <cstring>
 #include <new>
 
+#include "app/about.h"
 #include "app/common.h"
 #include "app/filterd.h"
 #include "text/str.h"
 #include "update/target.h"
+
+namespace {
+
+const char* const kUsages[] = {"[-r] [-t templatefile] file"};
+const tOptionHelp kOptions[] = {
+    {"-r", "do not resolve host names"},
+    {"-t templatefile", "read templatefile instead of mkrule.tpl"},
+};
+const tProgramHelp kHelp = {"ruleforge-update", kUsages, 1, kOptions, 2};
+
+}  // namespace
 
 // ruleforge-update [-r] [-t templatefile] file
 // Regenerates a filter file in place: reads it as the data and saves the new
 // output over it through a temporary file, keeping the old version as backup.
 int main(int argc, char** argv) {
   std::set_new_handler(OutOfMemory);
+  int answered = AnswerHelpOrVersion(argc, argv, kHelp);
+  if (answered >= 0) return answered;
   String templateName;
   const char* fileName = nullptr;
   int resolve = 1;

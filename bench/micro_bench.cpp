@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "rules/substit.h"
+#include "output/substit.h"
 #include "text/dliststr.h"
 #include "text/replace.h"
 #include "text/str.h"

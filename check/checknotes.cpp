@@ -53,7 +53,7 @@ int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
 }  // namespace
 
 tCheckNotes::tCheckNotes(tFindings& findings)
-    : Findings(findings), Sorted(true), InData(false), Where(BeforeSection) {}
+    : Findings(findings), Sorted(true), LastPlaced(nullptr), InData(false), Where(BeforeSection) {}
 
 void tCheckNotes::Rules(DListtClauseTemplate* mainRules, DListtClauseTemplate* labelRules) {
   DListtClauseTemplate* lists[] = {mainRules, labelRules};
@@ -110,6 +110,13 @@ int tCheckNotes::LineOf(const void* element) const {
 void tCheckNotes::Placed(const void* element, int line) {
   (InData ? DataPlaces : TemplatePlaces).emplace_back(element, line);
   Sorted = false;
+  LastPlaced = element;
+}
+
+const std::vector<int>& tCheckNotes::LinesOfText(const void* text) const {
+  static const std::vector<int> none;
+  auto found = TextLines.find(text);
+  return found == TextLines.end() ? none : found->second;
 }
 
 // Only the lines of the parseable section are data; what stands above it and
@@ -173,9 +180,19 @@ void tCheckNotes::Note(int line, tNote what, const String& detail) {
     DataLine(line, what, detail);
     return;
   }
+  if (what == NoteTextLine) {
+    TextLines[LastPlaced].push_back(line);
+    return;
+  }
   String quoted = Quoted(detail);
   String text;
   switch (what) {
+    case NoteNulByte:
+      if (InData && Where == BelowSection) return;
+      text =
+          "line holds a NUL byte: ruleforge drops what follows it on the line, line end "
+          "included, so the next line is read as part of this one (remove the byte)";
+      break;
     case NoteLineSkipped:
       text = "line " + quoted +
              " is skipped: it belongs to no section, clause or text (begin a comment with \"//\")";
@@ -254,6 +271,7 @@ void tCheckNotes::Note(int line, tNote what, const String& detail) {
     case NoteDataLine:
     case NoteDataLineSkipped:
     case NoteBareMarker:
+    case NoteTextLine:
       return;
     case NoteNoStates:
       text =

@@ -26,6 +26,9 @@ class tCheckNotes : public tReadNotes {
   void BeginData();
   // The line an element was read from; 0 when it was not noted.
   int LineOf(const void* element) const;
+  // The physical line of each line of a template text, in order; empty when
+  // none was noted.
+  const std::vector<int>& LinesOfText(const void* text) const;
 
   void Note(int line, tNote what, const String& detail) override;
   void Placed(const void* element, int line) override;
@@ -44,6 +47,10 @@ class tCheckNotes : public tReadNotes {
   mutable tPlaces TemplatePlaces;
   mutable tPlaces DataPlaces;
   mutable bool Sorted;
+  // The lines of each text, by its address, and the element placed last,
+  // which the text lines that follow belong to.
+  std::unordered_map<const void*, std::vector<int>> TextLines;
+  const void* LastPlaced;
   bool InData;
   // Where the data input stands: before its first data line, in the
   // parseable section, or below the section's end line.

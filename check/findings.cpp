@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/shown.h"
+
 void tFindings::Begin(const char* shownName) {
   Name = shownName;
   Items.clear();
@@ -17,8 +19,10 @@ void tFindings::Print(FILE* out) {
                    [](const std::pair<int, std::string>& a, const std::pair<int, std::string>& b) {
                      return a.first < b.first;
                    });
+  String name = Shown(Name.c_str());
   for (const auto& item : Items)
-    std::fprintf(out, "%s:%d: warning: %s\n", Name.c_str(), item.first, item.second.c_str());
+    std::fprintf(out, "%s:%d: warning: %s\n", name.Text(), item.first,
+                 Shown(item.second.c_str()).Text());
   Items.clear();
 }
 

@@ -8,7 +8,9 @@
 #include "text/str.h"
 
 // The findings of the file being checked, each a line number and a sentence,
-// printed in line order in the form compilers use: FILE:LINE: warning: TEXT.
+// printed in line order in the form compilers use: FILE:LINE: warning: TEXT,
+// with control characters shown escaped (text/shown.h), since both the name
+// and the text quote input.
 // Findings of one line keep the order in which they were found.
 class tFindings {
  public:

@@ -39,47 +39,87 @@ struct tPlaces {
   bool Label = false;
 };
 
-tPlaces PlacesIn(const char* text) {
+tPlaces PlacesIn(const char* begin, const char* end) {
   tPlaces places;
-  for (const char* p = std::strchr(text, '$'); p; p = std::strchr(p + 1, '$')) {
-    if (p[1] != '{') continue;
+  for (const char* p = begin; p + 3 <= end; ++p) {
+    if (p[0] != '$' || p[1] != '{') continue;
     places.Value0 |= p[2] == '0';
     places.Value1 |= p[2] == '1';
-    places.Label |= p[2] == 'L' && p[3] == '}';
+    places.Label |= p[2] == 'L' && p + 4 <= end && p[3] == '}';
   }
   return places;
 }
 
-int BeginsALineWithHashes(const char* text) {
-  return std::strncmp(text, "###", 3) == 0 || std::strstr(text, "\n###") != nullptr;
+// The physical line of each line of a text and the places each uses; a line
+// whose number was not noted counts as the text's own line.
+struct tTextLine {
+  int Line;
+  const char* Begin;
+  const char* End;
+  tPlaces Places;
+};
+
+std::vector<tTextLine> LinesOf(const tPrioritizedString& text, const tCheckNotes& notes) {
+  const std::vector<int>& numbers = notes.LinesOfText(&text);
+  std::vector<tTextLine> lines;
+  for (const char* p = text.Text(); *p;) {
+    const char* end = std::strchr(p, '\n');
+    if (!end) end = p + std::strlen(p);
+    int line = lines.size() < numbers.size() ? numbers[lines.size()] : notes.LineOf(&text);
+    lines.push_back({line, p, end, PlacesIn(p, end)});
+    p = *end ? end + 1 : end;
+  }
+  return lines;
+}
+
+// The first line that uses a place that wanted says, or the text's own line.
+int FirstUsing(const std::vector<tTextLine>& lines, bool tPlaces::*place, int fallback) {
+  for (const tTextLine& line : lines)
+    if (line.Places.*place) return line.Line;
+  return fallback;
+}
+
+void CheckValuePlaces(const tClauseTemplate& clause, const tPlaces& places,
+                      const std::vector<tTextLine>& lines, int own, tFindings& findings) {
+  const String* captions[] = {&clause.Value0Label, &clause.Value1Label};
+  bool tPlaces::*used[] = {&tPlaces::Value0, &tPlaces::Value1};
+  for (int list = 0; list < 2; ++list) {
+    if (captions[list]->Length() > 0 || !(places.*used[list])) continue;
+    String place = list == 0 ? "${0" : "${1";
+    findings.Add(FirstUsing(lines, used[list], own),
+                 "text uses " + place + "} or " + place +
+                     "R} but the clause has no caption for that list: without entries the "
+                     "place stays in the filter as written (give the list a caption)");
+  }
 }
 
 void CheckText(const tClauseTemplate& clause, const tPrioritizedString& text, int value, int main,
-               int line, tFindings& findings) {
-  if (BeginsALineWithHashes(text.Text()))
-    findings.Add(line,
-                 "text line begins with \"###\": in the output it is read back as data on the "
-                 "next run (begin it otherwise)");
-  tPlaces places = PlacesIn(text.Text());
+               const tCheckNotes& notes, tFindings& findings) {
+  int own = notes.LineOf(&text);
+  std::vector<tTextLine> lines = LinesOf(text, notes);
+  tPlaces places;
+  for (const tTextLine& line : lines) {
+    if (std::strncmp(line.Begin, "###", 3) == 0)
+      findings.Add(line.Line,
+                   "text line begins with \"###\": in the output it is read back as data on the "
+                   "next run (begin it otherwise)");
+    places.Value0 |= line.Places.Value0;
+    places.Value1 |= line.Places.Value1;
+    places.Label |= line.Places.Label;
+  }
   if (main && places.Label)
-    findings.Add(line,
+    findings.Add(FirstUsing(lines, &tPlaces::Label, own),
                  "text of a main rule uses ${L}, which only label rules fill: it stays in the "
                  "filter as written");
-  if (!value) {
-    if (places.Value0 || places.Value1)
-      findings.Add(line,
-                   "single text (kind S) uses a value place, which only value texts (kind "
-                   "V) fill: it stays in the filter as written");
-    return;
-  }
-  const String* captions[] = {&clause.Value0Label, &clause.Value1Label};
-  bool used[] = {places.Value0, places.Value1};
-  for (int list = 0; list < 2; ++list) {
-    if (captions[list]->Length() > 0 || !used[list]) continue;
-    String place = list == 0 ? "${0" : "${1";
-    findings.Add(line, "text uses " + place + "} or " + place +
-                           "R} but the clause has no caption for that list: without entries the "
-                           "place stays in the filter as written (give the list a caption)");
+  if (value) {
+    CheckValuePlaces(clause, places, lines, own, findings);
+  } else if (places.Value0 || places.Value1) {
+    int line = own;
+    for (auto it = lines.rbegin(); it != lines.rend(); ++it)
+      if (it->Places.Value0 || it->Places.Value1) line = it->Line;
+    findings.Add(line,
+                 "single text (kind S) uses a value place, which only value texts (kind V) "
+                 "fill: it stays in the filter as written");
   }
 }
 
@@ -97,7 +137,7 @@ void CheckClause(const tClauseTemplate& clause, int main, const tCheckNotes& not
     for (int value = 0; value < 2; ++value) {
       for (const tPrioritizedString* text : Walk<const tPrioritizedString>(*lists[value])) {
         ++texts;
-        CheckText(clause, *text, value, main, notes.LineOf(text), findings);
+        CheckText(clause, *text, value, main, notes, findings);
       }
     }
   }

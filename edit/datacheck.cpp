@@ -5,10 +5,10 @@
 
 #include "check/lookups.h"
 #include "edit/scratch.h"
-#include "rules/outstage.h"
+#include "output/output.h"
 
 tDataCheck::tDataCheck(const char* templateName)
-    : Notes(Findings), Checker(new tFilterData(templateName, 0, &Notes)) {
+    : Notes(Findings), Checker(new tFilterData(templateName, 0, Notes)) {
   Notes.Rules(&Checker->MainRules, &Checker->LabelRules);
 }
 
@@ -19,9 +19,8 @@ void tDataCheck::Run(tFilterData& document) {
   tScratchFile written, printed;
   if (!written.File || !printed.File) return;
   tProgress progress;
-  tOutputFrame frame{document.TemplateTitle.Text(), document.FirstLabel, document.SubstitutionNames,
-                     document.SubstitutionValues};
-  if (document.DataSets.WriteTo(written.File, "", frame, progress) < 0) return;
+  if (WriteOutput(written.File, "", document.DataSets, document.OutputFrame(), progress) < 0)
+    return;
   Findings.Begin("");
   Notes.BeginData();
   if (Checker->ReadData(written.Path.Text()) != 0) return;

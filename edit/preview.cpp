@@ -1,6 +1,13 @@
 #include "edit/preview.h"
 
-#include "rules/substit.h"
+#include <algorithm>
+#include <deque>
+#include <utility>
+
+#include "output/fill.h"
+#include "output/pairfill.h"
+#include "output/substit.h"
+#include "rules/textsink.h"
 
 namespace {
 
@@ -13,6 +20,40 @@ void CopyPart(const tClauseData& from, tClauseData& to) {
     to.Values1.ToTail(new tString(*entry));
 }
 
+// The texts of one record made at once, with their priorities, in the order
+// of generation; the label name, when there is one, fills ${L}.
+class tPreviewSink : public tTextSink {
+ public:
+  explicit tPreviewSink(const String* label) : Label(label) {}
+
+  void Single(const tPrioritizedString& text) override { Add(text, tPlaceFill()); }
+  void Values(tRecordValues& values) override {
+    for (int i = 0; i < 2; ++i) {
+      Place.Values[i] = values.Values[i];
+      Place.First[i] = static_cast<int>(Resolved.size());
+      Place.Count[i] = static_cast<int>(values.Resolved[i].size());
+      Resolved.insert(Resolved.end(), values.Resolved[i].begin(), values.Resolved[i].end());
+    }
+  }
+  void Pairs(const tPrioritizedString& text, int end0, int end1) override {
+    tPairFill pairs(Place, Resolved, end0, end1);
+    tPlaceFill fill;
+    while (pairs.Next(fill)) Add(text, fill);
+  }
+
+  std::vector<std::pair<int, String>> Texts;
+
+ private:
+  const String* Label;
+  tPlaceValues Place;
+  std::deque<String> Resolved;
+
+  void Add(const tPrioritizedString& text, tPlaceFill fill) {
+    fill.With[tPlaceFill::Label] = Label;
+    Texts.emplace_back(text.Priority, FillStepByStep(text, fill));
+  }
+};
+
 }  // namespace
 
 std::vector<std::string> PreviewLines(tFilterData& document, DListtClauseData& set,
@@ -24,14 +65,18 @@ std::vector<std::string> PreviewLines(tFilterData& document, DListtClauseData& s
     CopyPart(*first.Partner, *companion);
     copy.AdoptCompanion(companion);
   }
-  DListtPrioritizedString texts;
-  copy.WriteFilter(texts);
-  int label = &set != document.DataSets[0];
+  const String* label = &set != document.DataSets[0] ? &set.Name(nullptr) : nullptr;
+  tPreviewSink sink(label);
+  copy.WriteFilter(sink);
+  // In priority order, ties in the order made, as the output orders them.
+  std::stable_sort(sink.Texts.begin(), sink.Texts.end(),
+                   [](const std::pair<int, String>& a, const std::pair<int, String>& b) {
+                     return a.first < b.first;
+                   });
   tSubstitutions substitutions(document.SubstitutionNames, document.SubstitutionValues);
   std::vector<std::string> lines;
-  for (const tPrioritizedString* generated : Walk<const tPrioritizedString>(texts)) {
-    String text(*generated);
-    if (label) text.ReplaceAll("${L}", set.Name(nullptr).Text());
+  for (auto& made : sink.Texts) {
+    String& text = made.second;
     substitutions.Apply(text);
     std::string all(text.Text());
     for (size_t start = 0; start < all.size();) {

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "edit/scratch.h"
-#include "rules/outstage.h"
+#include "output/output.h"
 #include "rules/progress.h"
 
 namespace {
@@ -86,9 +86,8 @@ int DataReadsBack(tFilterData& document, String& why) {
   why = "no scratch file could be made to check the data";
   if (!scratch.File) return 0;
   tProgress progress;
-  tOutputFrame frame{document.TemplateTitle.Text(), document.FirstLabel, document.SubstitutionNames,
-                     document.SubstitutionValues};
-  if (document.DataSets.WriteTo(scratch.File, "", frame, progress) < 0) return 0;
+  if (WriteOutput(scratch.File, "", document.DataSets, document.OutputFrame(), progress) < 0)
+    return 0;
   DListOfDListtClauseData read;
   if (read.Read(scratch.Path.Text(), document.TemplateTitle.Text(), document.MainRules,
                 document.LabelRules) < 0)

@@ -6,7 +6,7 @@
 
 #include "app/common.h"
 #include "edit/scratch.h"
-#include "rules/outstage.h"
+#include "output/output.h"
 #include "update/target.h"
 
 extern char** environ;
@@ -26,9 +26,8 @@ int DiffText(tFilterData& document, const char* fileName, std::string& text) {
     return error;
   }
   tProgress progress;
-  tOutputFrame frame{document.TemplateTitle.Text(), document.FirstLabel, document.SubstitutionNames,
-                     document.SubstitutionValues};
-  if (document.DataSets.WriteTo(scratch.File, fileName, frame, progress) < 0) return error;
+  if (WriteOutput(scratch.File, fileName, document.DataSets, document.OutputFrame(), progress) < 0)
+    return error;
   const char* old = access(fileName, F_OK) == 0 ? fileName : "/dev/null";
   String newLabel = String(fileName) + " (edited)";
   const char* argv[] = {"diff",          "-u", "--label",           fileName, "--label",

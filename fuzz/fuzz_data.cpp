@@ -15,10 +15,10 @@
 
 namespace {
 
-// One run on the given data, the template and the data read with notes when
-// given: the whole output, or false when the run stops with an error or would
-// be too large to write.
-bool Regenerate(const void* data, size_t size, std::string& output, tReadNotes* notes = nullptr) {
+// One run on the given data, the template and the data read with notes: the whole output, or false
+// when the run stops with an error or would be too large to write.
+bool Regenerate(const void* data, size_t size, std::string& output,
+                tReadNotes& notes = tReadNotes::Silent()) {
   ResetRun();
   tFilterData doc(RULEFORGE_FUZZ_TEMPLATE, 0, notes);
   FUZZ_CHECK(error == 0);
@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   tFindings findings;
   tCheckNotes notes(findings);
   std::string noted;
-  FUZZ_CHECK(Regenerate(data, size, noted, &notes) && noted == first);
+  FUZZ_CHECK(Regenerate(data, size, noted, notes) && noted == first);
   if (!Regenerate(first.data(), first.size(), second)) return 0;
   if (!Regenerate(second.data(), second.size(), third)) return 0;
   FUZZ_CHECK(second == third);

@@ -2,12 +2,54 @@
 
 #include <cstdlib>
 
+#include <deque>
+
 #include "app/common.h"
 #include "app/filterd.h"
+#include "output/fill.h"
+#include "output/output.h"
+#include "output/pairfill.h"
 #include "rules/clauslst.h"
 #include "text/replace.h"
 
 namespace {
+
+// The plain method that the output stage is checked against: every generated
+// text made at once, each by FillStepByStep, and put in order into a
+// DListtPrioritizedString by ToSorted. The list is not owned.
+class tListSink : public tTextSink {
+ public:
+  explicit tListSink(DListtPrioritizedString& out) : Out(out) {}
+  void Single(const tPrioritizedString& text) override {
+    Out.ToSorted(new tPrioritizedString(text));
+  }
+  void Values(tRecordValues& values) override {
+    for (int place = 0; place < 2; ++place) {
+      Current.Values[place] = values.Values[place];
+      Current.First[place] = static_cast<int>(Resolved.size());
+      Current.Count[place] = static_cast<int>(values.Resolved[place].size());
+      Resolved.insert(Resolved.end(), values.Resolved[place].begin(), values.Resolved[place].end());
+    }
+  }
+  void Pairs(const tPrioritizedString& text, int end0, int end1) override {
+    tPairFill pairs(Current, Resolved, end0, end1);
+    tPlaceFill fill;
+    while (pairs.Next(fill))
+      Out.ToSorted(new tPrioritizedString(FillStepByStep(text, fill), text.Priority));
+  }
+
+ private:
+  DListtPrioritizedString& Out;
+  tPlaceValues Current;
+  std::deque<String> Resolved;
+};
+
+// The texts of one data set, made the plain way, in order into out.
+void PlainSetText(DListtClauseData& set, DListtPrioritizedString& out) {
+  tProgress silent;
+  tListSink sink(out);
+  set.WriteFilter(sink, silent, 0, 0);
+}
 
 long long RecordBound(const tClauseData& record) {
   long long pairs = (record.Values0.Size() + 1LL) * (record.Values1.Size() + 1LL);
@@ -23,15 +65,14 @@ std::string PlainFilterText(tFilterData& doc) {
   std::string text;
   int count = doc.DataSets.Size();
   if (count == 0) return text;
-  tProgress silent;
   DListtPrioritizedString output;
-  static_cast<DListtClauseData*>(doc.DataSets[0])->WriteFilter(output, &silent, 0, 0);
+  PlainSetText(*static_cast<DListtClauseData*>(doc.DataSets[0]), output);
   output.GotoHead();
   while (output.Current() && output.Current()->Priority <= doc.FirstLabel) output.Next();
   for (int i = 1; i < count; ++i) {
     DListtClauseData* set = static_cast<DListtClauseData*>(doc.DataSets[i]);
     DListtPrioritizedString block;
-    set->WriteFilter(block, &silent, 0, 0);
+    PlainSetText(*set, block);
     while (tPrioritizedString* made = static_cast<tPrioritizedString*>(block.GetHead())) {
       made->Priority = doc.FirstLabel;
       made->ReplaceAll("${L}", set->Name(nullptr).Text());
@@ -50,12 +91,8 @@ std::string PlainFilterText(tFilterData& doc) {
 int WriteOutput(tFilterData& doc, std::string& out) {
   tProgress progress;
   int result = -1;
-  out = Captured([&](FILE* f) {
-    result = doc.DataSets.WriteTo(f, "",
-                                  tOutputFrame{doc.TemplateTitle.Text(), doc.FirstLabel,
-                                               doc.SubstitutionNames, doc.SubstitutionValues},
-                                  progress);
-  });
+  out = Captured(
+      [&](FILE* f) { result = WriteOutput(f, "", doc.DataSets, doc.OutputFrame(), progress); });
   return result;
 }
 

@@ -83,7 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   // the template as read run on any template.
   tFindings findings;
   tCheckNotes notes(findings);
-  tFilterData noted(input.Name(), 0, &notes);
+  tFilterData noted(input.Name(), 0, notes);
   CheckTemplate(noted, notes, findings);
   FUZZ_CHECK(Dump(noted) == one);
   if (DumpReadsBackSame(first)) FUZZ_CHECK(one == two);

@@ -6,6 +6,8 @@
 // What a reader did with input it could not take as written. Each note comes
 // with the physical line (from 1) it concerns and, where one helps, a detail.
 enum tNote {
+  // Either input.
+  NoteNulByte,  // a line holds a NUL byte: what follows it is lost; the line as read
   // Template file.
   NoteLineSkipped,            // a non-blank line outside any section or clause; the line
   NoteUnknownSection,         // a section of another name is skipped; the name
@@ -23,6 +25,7 @@ enum tNote {
   NoteLabelLineAlone,         // "~" alone as the label line: the next line was the number
   NoteSubstitutionSwallows,   // a substitution line took its value from the next line
   NoteSubstitutionUnclosed,   // a substitution line without a third delimiter; the name
+  NoteTextLine,               // a line taken into the text placed last, as meant; no detail
   // Data input.
   NoteDataLine,         // a line delivered as data; the line as written
   NoteDataLineSkipped,  // a line that is not data; the line as written
@@ -42,11 +45,17 @@ enum tNote {
 
 // Receives the notes of a reader and where the elements it built were read
 // from (an element is identified by its address, which it keeps while the
-// reader runs). The class itself is the silent default; a reader without a
-// receiver reports what it always reported and notes nothing.
+// reader runs). The class itself is the silent default (Silent()), which a
+// reader uses when given no other. A reader reports what it always reports
+// whatever receives its notes.
 class tReadNotes {
  public:
   virtual ~tReadNotes() {}
+  // The one silent receiver, shared by every reader given no other.
+  static tReadNotes& Silent() {
+    static tReadNotes silent;
+    return silent;
+  }
   virtual void Note(int line, tNote what, const String& detail) {
     (void)line;
     (void)what;

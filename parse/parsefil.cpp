@@ -10,16 +10,16 @@ const char kQuotes[] = "\"'`";
 
 }  // namespace
 
-tParseableFile::tParseableFile(const char* name)
+tParseableFile::tParseableFile(const char* name, tReadNotes& notes)
     : IsOpen(0),
       ReadFailed(0),
       LineNumber(0),
       TakenFrom(0),
-      Notes(nullptr),
+      Notes(notes),
       Stream(nullptr),
       CurrentLine(""),
       Pos(0),
-      LineText(nullptr) {
+      Joined(0) {
   Open(name);
 }
 
@@ -36,7 +36,7 @@ int tParseableFile::Open(const char* name) {
   Pos = 0;
   LineNumber = 0;
   TakenFrom = 0;
-  Refresh();
+  Joined = 0;
   return IsOpen;
 }
 
@@ -57,8 +57,6 @@ int tParseableFile::AtStreamEnd() const {
 
 int tParseableFile::Eof() { return !IsOpen || (AtStreamEnd() && Remaining() == 0); }
 
-void tParseableFile::Refresh() { LineText = CurrentLine.Text() + Pos; }
-
 void tParseableFile::Compact() {
   if (Pos > 0) {
     CurrentLine = CurrentLine.Copy(Pos);
@@ -70,17 +68,20 @@ void tParseableFile::Next() {
   Pos = 0;
   if (!IsOpen) {
     CurrentLine = Empty;
-    Refresh();
     return;
   }
   for (;;) {
-    if (CurrentLine.fgets(Stream) || CurrentLine.Length() > 0) ++LineNumber;
+    String::tLineRead read;
+    if (CurrentLine.fgets(Stream, &read) || CurrentLine.Length() > 0) {
+      LineNumber += 1 + Joined;
+      Joined = read.Joined;
+      if (read.NulBytes) Note(LineNumber, NoteNulByte, CurrentLine);
+    }
     if (CurrentLine.Length() > 0 || AtStreamEnd()) break;
   }
   // A descriptor that is not open (a closed standard input) and a directory
   // hold no lines: they read as an empty input, not as a failed one.
   if (std::ferror(Stream) && errno != EBADF && errno != EISDIR) ReadFailed = 1;
-  Refresh();
 }
 
 char tParseableFile::Ch() {
@@ -91,7 +92,6 @@ char tParseableFile::Ch() {
 String& tParseableFile::Line() {
   if (Remaining() == 0) Next();
   Compact();
-  Refresh();
   return CurrentLine;
 }
 
@@ -100,7 +100,6 @@ char tParseableFile::GetCh() {
   TakenFrom = LineNumber;
   if (Remaining() > 0) ++Pos;
   if (Remaining() == 0) Next();
-  Refresh();
   return c;
 }
 
@@ -151,7 +150,6 @@ String tParseableFile::GetString(int width) {
     }
   }
   if (Remaining() == 0) Next();
-  Refresh();
   return result;
 }
 
@@ -162,7 +160,6 @@ void tFilterTemplateFile::Next() {
     if (comment >= 0) CurrentLine = CurrentLine.Copy(0, comment);
     if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;
   }
-  Refresh();
 }
 
 void tFilterDataFile::Next() {
@@ -170,12 +167,11 @@ void tFilterDataFile::Next() {
     tParseableFile::Next();
     if (CurrentLine.StartsWith("###")) {
       Pos = 3;
-      if (Notes) Note(LineNumber, Remaining() > 0 ? NoteDataLine : NoteBareMarker, CurrentLine);
+      Note(LineNumber, Remaining() > 0 ? NoteDataLine : NoteBareMarker, CurrentLine);
     } else {
-      if (Notes && CurrentLine.Length() > 0) Note(LineNumber, NoteDataLineSkipped, CurrentLine);
+      if (CurrentLine.Length() > 0) Note(LineNumber, NoteDataLineSkipped, CurrentLine);
       CurrentLine = Empty;
     }
     if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;
   }
-  Refresh();
 }

@@ -10,10 +10,11 @@
 // from the front: a character, a token, or the rest of the line. A used-up line
 // is replaced by the next one at once. What counts as the next line is the one
 // difference between the two input formats, so Next() is virtual. Owns the
-// stream it opened; standard input (a null name) is never closed.
+// stream it opened; standard input (a null name) is never closed. Notes go to
+// the receiver given, which must outlive the reader.
 class tParseableFile {
  public:
-  explicit tParseableFile(const char* name);
+  explicit tParseableFile(const char* name, tReadNotes& notes = tReadNotes::Silent());
   virtual ~tParseableFile();
 
   int Open(const char* name);
@@ -37,15 +38,10 @@ class tParseableFile {
   // The physical line that the last token, character or rest of a line taken
   // came from.
   int TakenFrom;
-  // The receiver of notes, or null (the default): then nothing is noted.
-  tReadNotes* Notes;
+  tReadNotes& Notes;
 
-  void Note(int line, tNote what, const String& detail = Empty) {
-    if (Notes) Notes->Note(line, what, detail);
-  }
-  void Placed(const void* element, int line) {
-    if (Notes) Notes->Placed(element, line);
-  }
+  void Note(int line, tNote what, const String& detail = Empty) { Notes.Note(line, what, detail); }
+  void Placed(const void* element, int line) { Notes.Placed(element, line); }
 
  protected:
   FILE* Stream;
@@ -53,11 +49,12 @@ class tParseableFile {
   // instead of cutting the front off, so taking a long line apart stays linear.
   String CurrentLine;
   int Pos;
-  const char* LineText;
+  // The physical lines that NUL bytes joined onto the current line; the next
+  // line's number counts them.
+  int Joined;
 
   int Remaining() const { return CurrentLine.Length() - Pos; }
   int AtStreamEnd() const;
-  void Refresh();
   // Makes the unread rest the whole of CurrentLine.
   void Compact();
 };
@@ -66,7 +63,8 @@ class tParseableFile {
 // lines that are empty after removing it are skipped.
 class tFilterTemplateFile : public tParseableFile {
  public:
-  explicit tFilterTemplateFile(const char* name) : tParseableFile(name) {}
+  explicit tFilterTemplateFile(const char* name, tReadNotes& notes = tReadNotes::Silent())
+      : tParseableFile(name, notes) {}
   void Next() override;
 };
 
@@ -74,7 +72,8 @@ class tFilterTemplateFile : public tParseableFile {
 // three characters; every other line is skipped.
 class tFilterDataFile : public tParseableFile {
  public:
-  explicit tFilterDataFile(const char* name) : tParseableFile(name) {}
+  explicit tFilterDataFile(const char* name, tReadNotes& notes = tReadNotes::Silent())
+      : tParseableFile(name, notes) {}
   void Next() override;
 };
 

@@ -35,7 +35,7 @@ void ReadValues(tFilterDataFile& in, DListtString& values) {
   String text = in.GetLine();
   SplitFields(values, text.Text());
   in.Placed(&values, line);
-  if (in.Notes) NoteGluedEntries(in, line, text);
+  NoteGluedEntries(in, line, text);
 }
 
 }  // namespace

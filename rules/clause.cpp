@@ -147,7 +147,7 @@ int tClauseTemplate::Read(tFilterTemplateFile& file) {
   // The rest of the string line, and any line before the first header line,
   // carries nothing.
   while (file.Ch() != '~') {
-    if (file.Notes && IsWritten(file.Line()))
+    if (IsWritten(file.Line()))
       file.Note(file.LineNumber, file.LineNumber == last ? NoteExtraStrings : NoteLineSkipped,
                 file.Line());
     file.Next();
@@ -202,8 +202,9 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
 
   tPrioritizedString* text = new tPrioritizedString(Empty, priority);
   texts->ToSorted(text);
-  file.Placed(text, file.LineNumber);
+  file.Placed(text, line);
   while (!file.Eof() && file.Ch() != '~') {
+    file.Note(file.LineNumber, NoteTextLine);
     *text += file.GetLine();
     *text += "\n";
   }

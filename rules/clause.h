@@ -119,11 +119,17 @@ class tClauseData : public tObject {
   void AdoptCompanion(tClauseData* companion);
   int Check(int i) const;
   int HasData() const;
+  // 1 when the variant's texts are generated: the unlabelled variant 0 and
+  // each labelled variant switched on.
+  int InEffect(int variant) const;
+  // Sets uses[place] to 1 when a value text of a variant in effect mentions
+  // that place's resolved form (${0R}, ${1R}): the place's entries then go to
+  // the resolver, whether or not the text is skipped for an empty list.
+  void ResolvedPlaces(int uses[2]) const;
   int WriteParseable(FILE* out);
   int Read(tFilterDataFile& in);
-  // Adds the generated texts of this record and of its companion to out.
-  int WriteFilter(DListtPrioritizedString& out);
-  // Hands the same texts, in the same order, to out (rules/expand.cpp).
+  // Hands the generated texts of this record and of its companion to out, in
+  // the order of generation (rules/expand.cpp).
   int WriteFilter(tTextSink& out);
 
  private:

@@ -35,7 +35,7 @@ int DListtClauseTemplate::Read(tFilterTemplateFile& file) {
   Clear();
   SkipClauseSeparators(file);
   while (!file.Eof() && !AtSectionSeparator(file)) {
-    if (file.Notes && file.Line().StartsWith(ClauseSeparator.Text()))
+    if (file.Line().StartsWith(ClauseSeparator.Text()))
       file.Note(file.LineNumber, NoteNotClauseSeparator, file.Line());
     tClauseTemplate* clause = new tClauseTemplate;
     ToTail(clause);
@@ -118,15 +118,11 @@ int DListtClauseData::Read(tFilterDataFile& in) {
     String clauseName = in.GetString(-1);
     tClauseData* record = Find(clauseName);
     if (record) {
-      if (in.Notes && !read.insert(record).second)
-        in.Note(in.TakenFrom, NoteClauseTwice, clauseName);
+      if (!read.insert(record).second) in.Note(in.TakenFrom, NoteClauseTwice, clauseName);
       record->Read(in);
     } else {
-      if (in.Notes)
-        in.Note(in.TakenFrom, NoteUnknownClause, clauseName);
-      else
-        Error(6,
-              String("Unrecognized Clause - '") + clauseName + "'. Not in current template set.");
+      in.Note(in.TakenFrom, NoteUnknownClause, clauseName);
+      Error(6, String("Unrecognized Clause - '") + clauseName + "'. Not in current template set.");
       while (!in.Eof() && !in.Line().StartsWith(ClauseSeparator.Text())) in.Next();
     }
     SkipClauseSeparators(in);
@@ -176,19 +172,17 @@ int ReadBanner(const String& line, String& program, String& fileVersion) {
 
 int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitle,
                                   DListtClauseTemplate& mainTemplates,
-                                  DListtClauseTemplate& labelTemplates, tReadNotes* notes) {
-  tFilterDataFile in(fileName);
+                                  DListtClauseTemplate& labelTemplates, tReadNotes& notes) {
+  tFilterDataFile in(fileName, notes);
   if (!in.IsOpen) return -1;
-  in.Notes = notes;
 
   String program, fileVersion;
   if (!ReadBanner(in.GetLine(), program, fileVersion)) {
     in.Close();
     return in.ReadFailed ? -3 : -2;
   }
-  if ((fileVersion != AppVersion || program != ProgramName) && notes) {
+  if (fileVersion != AppVersion || program != ProgramName) {
     in.Note(in.TakenFrom, NoteOtherWriter, program + version + fileVersion);
-  } else if (fileVersion != AppVersion || program != ProgramName) {
     Warning(1, String("This file was written with ") + program + version + fileVersion +
                    ", but you are now running " + ProgramName + version + AppVersion +
                    ". Double check the entries and/or resulting file to make sure the data "
@@ -199,9 +193,8 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
     in.Close();
     return in.ReadFailed ? -3 : -2;
   }
-  if (title != templateTitle && notes) {
+  if (title != templateTitle) {
     in.Note(in.TakenFrom, NoteOtherTemplate, title);
-  } else if (title != templateTitle) {
     Warning(2, String("This file was created from the template file titled '") + title +
                    "', but you are now using template titled '" + templateTitle +
                    "'. Double check the entries and/or resulting file to make sure the data "
@@ -224,7 +217,7 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
       String name = in.GetString(-1);
       if (in.TakenFrom != line) in.Note(line, NoteSetHeaderAlone, name);
       auto found = byName.find(name.Text());
-      if (notes && !headers.insert(name.Text()).second) in.Note(line, NoteSetTwice, name);
+      if (!headers.insert(name.Text()).second) in.Note(line, NoteSetTwice, name);
       if (found != byName.end()) {
         receiving = found->second;
       } else {

@@ -7,8 +7,8 @@
 
 #include "parse/parsefil.h"
 #include "rules/clause.h"
-#include "rules/outstage.h"
 #include "rules/progress.h"
+#include "rules/textsink.h"
 #include "text/dlist.h"
 #include "text/dliststr.h"
 #include "text/str.h"
@@ -51,9 +51,10 @@ class DListtClauseData : public DList, public tObject {
   tClauseData* Current() const;
   int Read(tFilterDataFile& in);
   int WriteParseable(FILE* out);
-  int WriteFilter(DListtPrioritizedString& out, tProgress* progress, int from, int to);
-  // Hands the same texts, in the same order, to out.
-  int WriteFilter(tTextSink& out, tProgress* progress, int from, int to);
+  // Hands out the generated texts of the set, fixed clauses first, in the
+  // order of generation, reporting each record to progress with a percentage
+  // from from to to; a negative answer of progress ends it and is returned.
+  int WriteFilter(tTextSink& out, tProgress& progress, int from, int to);
 
  private:
   String SetName;
@@ -66,10 +67,8 @@ class DListtClauseData : public DList, public tObject {
 };
 
 // Every data set of the document: "(Main)" first, then one per label in the
-// order the labels first occur. Owns the data sets. Reading in
-// rules/clauslst.cpp, the output in rules/output.cpp (its filter text through
-// tOutputStage, rules/outstage.cpp) and the named file's safe save in
-// rules/safesave.cpp.
+// order the labels first occur. Owns the data sets. The output stage (output/)
+// writes them.
 class DListOfDListtClauseData : public DList {
  public:
   ~DListOfDListtClauseData() override;
@@ -77,22 +76,10 @@ class DListOfDListtClauseData : public DList {
   int New(DListtClauseTemplate* mainTemplates);
   DListtClauseData* Current() const;
   // 0 when read; -1 when the input cannot be opened, -2 when it holds no
-  // parseable section, -3 when a read of it failed. With notes, the conditions
-  // otherwise reported as warnings 1 and 2 and error 6 are noted instead, and
-  // the reading goes on as it always does.
+  // parseable section, -3 when a read of it failed. Warnings 1 and 2 and
+  // error 6 are reported, and noted to notes as well.
   int Read(const char* fileName, const char* templateTitle, DListtClauseTemplate& mainTemplates,
-           DListtClauseTemplate& labelTemplates, tReadNotes* notes = nullptr);
-  // Writes to standard output when fileName is null, else saves to that file
-  // through a temporary file and a backup. With keepUnchanged, a file that
-  // already holds the new output is left as it is, backup included.
-  int Write(const char* fileName, const char* title, int firstLabel, DListtString& names,
-            DListtString& values, int keepUnchanged = 0);
-  // Writes the whole output to out; shownName is the name used in messages.
-  int WriteTo(FILE* out, const char* shownName, const tOutputFrame& frame, tProgress& progress);
-
- private:
-  void WriteSection(FILE* out, const char* title);
-  DListtClauseData* Find(const String& name);
+           DListtClauseTemplate& labelTemplates, tReadNotes& notes = tReadNotes::Silent());
 };
 
 #endif

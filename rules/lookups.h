@@ -16,8 +16,8 @@ void ForEachLookup(const DListOfDListtClauseData& sets,
 
 // With a resolver, looks up ahead, concurrently, every name the expansion of
 // sets is going to look up, so that each costs the time of one lookup at most
-// instead of adding up. Only with the silent progress sink, which never stops
-// the expansion part-way: another sink could leave names unlooked-up.
+// instead of adding up. Only with a progress sink that never stops the
+// expansion part-way: one that may could leave names unlooked-up.
 void LookUpAhead(const DListOfDListtClauseData& sets, const tProgress& progress);
 
 #endif

@@ -3,8 +3,8 @@
 
 // Receives the progress of writing a filter: a caption for the whole operation
 // and one report per step with the percentage reached. A negative answer from
-// Report asks the work to stop. This class is the silent default: it shows
-// nothing and never asks to stop.
+// Report asks the work to stop; a sink that may give one says so in MayStop.
+// This class is the silent default: it shows nothing and never asks to stop.
 class tProgress {
  public:
   virtual ~tProgress() {}
@@ -14,6 +14,7 @@ class tProgress {
     return 0;
   }
   virtual void Caption(const char* text) { (void)text; }
+  virtual bool MayStop() const { return false; }
 };
 
 #endif

@@ -19,15 +19,7 @@ void AddFixedClauses(const DListtClauseTemplate& templates, tTextSink& out) {
 
 }  // namespace
 
-int DListtClauseData::WriteFilter(DListtPrioritizedString& out, tProgress* progress, int from,
-                                  int to) {
-  tListSink sink(out);
-  return WriteFilter(sink, progress, from, to);
-}
-
-int DListtClauseData::WriteFilter(tTextSink& out, tProgress* progress, int from, int to) {
-  tProgress silent;
-  if (!progress) progress = &silent;
+int DListtClauseData::WriteFilter(tTextSink& out, tProgress& progress, int from, int to) {
   if (Templates) AddFixedClauses(*Templates, out);
   int answer = 0;
   int n = Size();
@@ -37,7 +29,7 @@ int DListtClauseData::WriteFilter(tTextSink& out, tProgress* progress, int from,
     text.assign(SetName.Text(), SetName.Length()).append(" : ");
     text.append(record->Template->Name.Text(), record->Template->Name.Length());
     int percent = from + static_cast<int>((static_cast<long long>(to - from) * i) / n);
-    answer = progress->Report(text.c_str(), percent);
+    answer = progress.Report(text.c_str(), percent);
     if (answer < 0) break;
     answer = record->WriteFilter(out);
     if (answer < 0) break;

@@ -2,7 +2,8 @@
 # Keeps the layers in order: every project include of a source points down.
 # text/ uses nothing of the project; parse/ uses text/; resolve/ uses text/
 # and the messages of app/common.h; rules/ uses those and parse/ and resolve/;
-# app/ (the document) uses rules/ and below. A folder of a program beside
+# output/ (the write half) uses rules/ and below; app/ (the document) uses
+# output/ and below. A folder of a program beside
 # ruleforge (check/, update/, ...) may use every layer, and only the entry
 # points in app/ may use such a folder.
 # Usage: check_layers.sh <source dir>
@@ -15,8 +16,10 @@ allowed() {  # allowed <folder of the source> <included path>
     parse:text/* | parse:parse/*) return 0 ;;
     resolve:text/* | resolve:resolve/* | resolve:app/common.h) return 0 ;;
     rules:text/* | rules:parse/* | rules:resolve/* | rules:rules/* | rules:app/common.h) return 0 ;;
-    app:text/* | app:parse/* | app:resolve/* | app:rules/* | app:app/*) return 0 ;;
-    text:* | parse:* | resolve:* | rules:* | app:*) return 1 ;;
+    output:text/* | output:parse/* | output:resolve/* | output:rules/* | output:output/*) return 0 ;;
+    output:app/common.h) return 0 ;;
+    app:text/* | app:parse/* | app:resolve/* | app:rules/* | app:output/* | app:app/*) return 0 ;;
+    text:* | parse:* | resolve:* | rules:* | output:* | app:*) return 1 ;;
     *:app/ruleforge*) return 1 ;;
     *) return 0 ;;
   esac

@@ -4,7 +4,7 @@
 # OPTIONS no other. For a program that runs the library's stages (ruleforge,
 # and another given with the word library), DIAGNOSTICS holds every message
 # code of its entry point, the rest of app/ (but the other programs' entry
-# points), rules/, resolve/ and its own folder (update/ for ruleforge-update)
+# points), rules/, output/, resolve/ and its own folder (update/ for ruleforge-update)
 # with each literal piece of its text, and no code the program lacks, and FILES
 # names every file the program uses; for another program, DIAGNOSTICS holds the
 # messages of its entry point.
@@ -42,7 +42,7 @@ sources=("$src/app/$program.cpp")
 if [ $library = 1 ]; then
   own=$src/${program#ruleforge-}
   [ "$program" != ruleforge ] && [ -d "$own" ] && sources+=("$own"/*.cpp)
-  for file in "$src"/app/*.cpp "$src"/rules/*.cpp "$src"/resolve/*.cpp; do
+  for file in "$src"/app/*.cpp "$src"/rules/*.cpp "$src"/output/*.cpp "$src"/resolve/*.cpp; do
     [[ $file == "$src"/app/ruleforge*.cpp ]] || sources+=("$file")
   done
 fi

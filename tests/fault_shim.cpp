@@ -6,7 +6,10 @@
 // fails with that error. rename is matched by its new name, remove by its
 // name, fsync and fclose by the path of the descriptor; fclose closes the
 // stream all the same, as a close that reports a late write error does.
+// pthread_create has no path: "pthread_create::EAGAIN" makes every thread fail
+// to start, as where a process may not have more threads.
 #include <dlfcn.h>
+#include <pthread.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -24,7 +27,8 @@ int Fault(const char* call, const char* path) {
   static const struct {
     const char* name;
     int value;
-  } kErrors[] = {{"EACCES", EACCES}, {"EIO", EIO}, {"ENOSPC", ENOSPC}, {"EPERM", EPERM}};
+  } kErrors[] = {
+      {"EACCES", EACCES}, {"EAGAIN", EAGAIN}, {"EIO", EIO}, {"ENOSPC", ENOSPC}, {"EPERM", EPERM}};
   std::string faults(wanted);
   for (size_t start = 0; start < faults.size();) {
     size_t end = faults.find(';', start);
@@ -75,4 +79,11 @@ extern "C" int fclose(FILE* stream) {
   int result = Next<int (*)(FILE*)>("fclose")(stream);
   if (fault) return errno = fault, EOF;
   return result;
+}
+
+extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
+                              void* (*start)(void*), void* argument) {
+  if (int fault = Fault("pthread_create", "")) return fault;
+  return Next<int (*)(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*)>(
+      "pthread_create")(thread, attributes, start, argument);
 }

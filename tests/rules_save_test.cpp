@@ -6,6 +6,7 @@
 
 #include "app/common.h"
 #include "app/filterd.h"
+#include "output/save.h"
 #include "testutil.h"
 
 namespace {
@@ -49,8 +50,9 @@ TEST_F(SafeSave, FailedStepsReturnFailure) {
     error = 0;
     setenv("RULEFORGE_FAULTS", c.faults, 1);
     testing::internal::CaptureStderr();
-    int result = Document->DataSets.Write(
-        (Dir + c.file).c_str(), "T", 0, Document->SubstitutionNames, Document->SubstitutionValues);
+    int result = SaveOutput(
+        (Dir + c.file).c_str(), Document->DataSets,
+        tOutputFrame{"T", 0, Document->SubstitutionNames, Document->SubstitutionValues}, 0);
     testing::internal::GetCapturedStderr();
     unsetenv("RULEFORGE_FAULTS");
     EXPECT_EQ(result, c.result);

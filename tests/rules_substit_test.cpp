@@ -1,11 +1,11 @@
-#include "rules/substit.h"
+#include "output/substit.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 #include <string>
 
-#include "rules/fill.h"
+#include "output/fill.h"
 
 namespace {
 

@@ -52,7 +52,16 @@ class String {
   String& ReplaceAll(const char* from, const char* to);
   String Strip(const char* set) const;
   String& ToUpper();
-  int fgets(FILE* f);
+  // What a read of a line met beside the text it gave: whether the line held
+  // a NUL byte, and how many line ends such bytes hid (each joins the next
+  // physical line on).
+  struct tLineRead {
+    int NulBytes = 0;
+    int Joined = 0;
+  };
+  // Reads the next line of f without its line end; 0 at the end of the input.
+  // With read, also says what the line held that its text does not show.
+  int fgets(FILE* f, tLineRead* read = nullptr);
 
   // Number of handles sharing this string's block (for tests and diagnostics).
   int Shares() const;

@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "app/common.h"
-#include "rules/savename.h"
+#include "output/savename.h"
 
 namespace {
 

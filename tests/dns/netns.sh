@@ -1,8 +1,11 @@
-# Sourced by tests/run_case.sh (a case's dns file) and the benchmark: a network
-# namespace of this run's own, with its loopback up, its own resolv.conf naming
-# 127.0.0.1 and the DNS server of server.py listening there. /etc/hosts is left as it is, so
-# localhost still resolves from it. Nothing is sent anywhere but that
-# namespace's loopback.
+# Sourced by tests/run_case.sh (a case's dns file), tests/dns/run.sh and the
+# benchmark: a network namespace of this run's own, with its loopback up, the
+# DNS server of server.py listening on its 127.0.0.1, and its own resolv.conf
+# naming that server, hosts file (localhost only) and nsswitch.conf (files,
+# then DNS), so that what a name resolves to does not depend on the machine.
+# (ip netns exec lays a file over /etc only where /etc has it; without an
+# /etc/hosts the server answers localhost itself.) Nothing is sent anywhere but
+# that namespace's loopback.
 #   dns_up DELAY_MS LOG_FILE   starts it all (returns 77 when namespaces are
 #                              not available here); then run programs with
 #                              dns_exec COMMAND...
@@ -46,6 +49,8 @@ dns_up() {
   ip -n "$dns_ns" link set lo up || return 1
   mkdir -p "/etc/netns/$dns_ns" || return 1
   printf 'nameserver 127.0.0.1\n' >"/etc/netns/$dns_ns/resolv.conf"
+  [ -e /etc/hosts ] && printf '127.0.0.1 localhost\n' >"/etc/netns/$dns_ns/hosts"
+  [ -e /etc/nsswitch.conf ] && printf 'hosts: files dns\n' >"/etc/netns/$dns_ns/nsswitch.conf"
   ready=$(mktemp -u)
   : >"$log"
   # Started directly, not through dns_exec, so that its process id is the

@@ -1,0 +1,18 @@
+#ifndef RULEFORGE_RESOLVE_ENTRY_H
+#define RULEFORGE_RESOLVE_ENTRY_H
+
+#include "text/str.h"
+
+// What an entry of a value place becomes in a resolved place (${0R}, ${1R})
+// before any lookup.
+enum tEntryForm {
+  EntryNone,        // empty: the entry gets no resolved form at all
+  EntryAnyAddress,  // "*" alone: any address, "0;0", never looked up
+  EntryLookedUp,    // the rest: each '*' a '0', the result handed to Lookup
+};
+
+// Sets form to what entry becomes and returns which case it is. The entries of
+// the second place (stripBlanks) first lose their blanks, tabs and line ends.
+tEntryForm EntryToResolve(const String& entry, int stripBlanks, String& form);
+
+#endif
