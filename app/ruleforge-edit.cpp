@@ -8,6 +8,7 @@
 #include "app/common.h"
 #include "app/filterd.h"
 #include "edit/commands.h"
+#include "edit/editor.h"
 #include "edit/model.h"
 #include "edit/readback.h"
 #include "edit/save.h"
@@ -77,9 +78,11 @@ int main(int argc, char** argv) {
               argv[0] + kUse);
     return 1;
   }
+  const char* name = templateName.Length() > 0 ? templateName.Text() : nullptr;
+  if (i >= argc) return RunEditor(name, resolve, fileName);
   int status;
   {
-    tFilterData document(templateName.Length() > 0 ? templateName.Text() : nullptr, resolve);
+    tFilterData document(name, resolve);
     if (error == 0 && access(fileName, F_OK) == 0) document.ReadData(fileName);
     status = error != 0 ? error : Apply(document, fileName, argc - i, argv + i, dryRun);
   }

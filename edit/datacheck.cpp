@@ -7,8 +7,8 @@
 #include "edit/scratch.h"
 #include "output/output.h"
 
-tDataCheck::tDataCheck(const char* templateName)
-    : Notes(Findings), Checker(new tFilterData(templateName, 0, Notes)) {
+tDataCheck::tDataCheck(const char* templateName, int resolve)
+    : Notes(Findings), Checker(new tFilterData(templateName, 0, Notes)), Resolve(resolve) {
   Notes.Rules(&Checker->MainRules, &Checker->LabelRules);
 }
 
@@ -24,7 +24,7 @@ void tDataCheck::Run(tFilterData& document) {
   Findings.Begin("");
   Notes.BeginData();
   if (Checker->ReadData(written.Path.Text()) != 0) return;
-  CheckLookups(*Checker, Notes, Findings);
+  if (Resolve) CheckLookups(*Checker, Notes, Findings);
   Findings.Print(printed.File);
   std::fflush(printed.File);
   std::rewind(printed.File);

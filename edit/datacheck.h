@@ -26,7 +26,9 @@ struct tDataFinding {
 // checker's data checks run on it. Owns the second document.
 class tDataCheck {
  public:
-  explicit tDataCheck(const char* templateName);
+  // resolve: whether the entries go to name lookup, which the checker's
+  // look-up findings are about.
+  tDataCheck(const char* templateName, int resolve);
   ~tDataCheck();
 
   // Recomputes Items for the document's data.
@@ -37,6 +39,7 @@ class tDataCheck {
   tFindings Findings;
   tCheckNotes Notes;
   std::unique_ptr<tFilterData> Checker;
+  int Resolve;
 
   void Place(int line, const std::string& text);
 };

@@ -54,21 +54,13 @@ class tPreviewSink : public tTextSink {
   }
 };
 
-}  // namespace
+const String* LabelOf(tFilterData& document, DListtClauseData& set) {
+  return &set != document.DataSets[0] ? &set.Name(nullptr) : nullptr;
+}
 
-std::vector<std::string> PreviewLines(tFilterData& document, DListtClauseData& set,
-                                      const tClauseData& first) {
-  tClauseData copy;
-  CopyPart(first, copy);
-  if (first.Partner) {
-    tClauseData* companion = new tClauseData;
-    CopyPart(*first.Partner, *companion);
-    copy.AdoptCompanion(companion);
-  }
-  const String* label = &set != document.DataSets[0] ? &set.Name(nullptr) : nullptr;
-  tPreviewSink sink(label);
-  copy.WriteFilter(sink);
-  // In priority order, ties in the order made, as the output orders them.
+// The sink's texts in priority order, ties in the order made (as the output
+// orders them), with the substitutions applied, line by line.
+std::vector<std::string> Lines(tFilterData& document, tPreviewSink& sink) {
   std::stable_sort(sink.Texts.begin(), sink.Texts.end(),
                    [](const std::pair<int, String>& a, const std::pair<int, String>& b) {
                      return a.first < b.first;
@@ -87,4 +79,29 @@ std::vector<std::string> PreviewLines(tFilterData& document, DListtClauseData& s
     }
   }
   return lines;
+}
+
+}  // namespace
+
+std::vector<std::string> PreviewLines(tFilterData& document, DListtClauseData& set,
+                                      const tClauseData& first) {
+  tClauseData copy;
+  CopyPart(first, copy);
+  if (first.Partner) {
+    tClauseData* companion = new tClauseData;
+    CopyPart(*first.Partner, *companion);
+    copy.AdoptCompanion(companion);
+  }
+  tPreviewSink sink(LabelOf(document, set));
+  copy.WriteFilter(sink);
+  return Lines(document, sink);
+}
+
+std::vector<std::string> FixedPreviewLines(tFilterData& document, DListtClauseData& set,
+                                           const tClauseTemplate& clause) {
+  tPreviewSink sink(LabelOf(document, set));
+  for (const DListtPrioritizedString& singles : clause.SingleTexts)
+    for (const tPrioritizedString* single : Walk<const tPrioritizedString>(singles))
+      sink.Single(*single);
+  return Lines(document, sink);
 }

@@ -14,4 +14,9 @@
 std::vector<std::string> PreviewLines(tFilterData& document, DListtClauseData& set,
                                       const tClauseData& first);
 
+// The texts of a fixed clause, which need no data: every single text of its
+// four variants, in priority order, with the label name and substitutions.
+std::vector<std::string> FixedPreviewLines(tFilterData& document, DListtClauseData& set,
+                                           const tClauseTemplate& clause);
+
 #endif

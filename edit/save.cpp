@@ -25,9 +25,16 @@ int DiffText(tFilterData& document, const char* fileName, std::string& text) {
     Error(7, String("Could not open temporary file '") + fileName + "' for writing!");
     return error;
   }
-  tProgress progress;
-  if (WriteOutput(scratch.File, fileName, document.DataSets, document.OutputFrame(), progress) < 0)
-    return error;
+  // The output as ruleforge writes it to standard output, host names looked
+  // up when the document resolves them.
+  std::fflush(stdout);
+  int kept = dup(1);
+  dup2(fileno(scratch.File), 1);
+  document.WriteData(nullptr);
+  std::fflush(stdout);
+  dup2(kept, 1);
+  close(kept);
+  if (error != 0) return error;
   const char* old = access(fileName, F_OK) == 0 ? fileName : "/dev/null";
   String newLabel = String(fileName) + " (edited)";
   const char* argv[] = {"diff",          "-u", "--label",           fileName, "--label",
