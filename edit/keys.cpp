@@ -1,6 +1,7 @@
 #include <curses.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 
 #include "app/common.h"
@@ -313,7 +314,11 @@ void tEditView::ShowText(tPurpose purpose, const std::string& title, const std::
   for (size_t start = 0; start < text.size();) {
     size_t end = text.find('\n', start);
     if (end == std::string::npos) end = text.size();
-    Page.push_back(text.substr(start, end - start));
+    // Long lines go on over the next rows.
+    for (size_t at = start; at < end || at == start; at += static_cast<size_t>(COLS)) {
+      Page.push_back(text.substr(at, std::min(end - at, static_cast<size_t>(COLS))));
+      if (at + COLS >= end) break;
+    }
     start = end + 1;
   }
 }
