@@ -5,7 +5,7 @@
 
 #include "check/lookups.h"
 #include "edit/scratch.h"
-#include "output/output.h"
+#include "output/section.h"
 
 tDataCheck::tDataCheck(const char* templateName, int resolve)
     : Notes(Findings), Checker(new tFilterData(templateName, 0, Notes)), Resolve(resolve) {
@@ -18,8 +18,8 @@ void tDataCheck::Run(tFilterData& document) {
   Items.clear();
   tScratchFile written, printed;
   if (!written.File || !printed.File) return;
-  tProgress progress;
-  if (WriteOutput(written.File, "", document.DataSets, document.OutputFrame(), progress) < 0)
+  if (WriteSection(written.File, document.TemplateTitle.Text(), document.DataSets) < 0 ||
+      std::fflush(written.File) != 0)
     return;
   Findings.Begin("");
   Notes.BeginData();

@@ -147,13 +147,13 @@ void tEditView::DrawPreview(int top, int bottom, int left, int width) {
       "Filter text of this clause in " + std::string(CurrentSet().Name(nullptr).Text()) + ":",
       Screen->HeadAttr);
   int height = bottom - top - 1;
-  int count = static_cast<int>(Preview.size());
+  long long count = static_cast<long long>(Preview.Lines.size()) + Preview.More;
   for (int i = 0; i < height && i < count; ++i) {
     if (i == height - 1 && count > height) {
       Put(top + 1 + i, left, width, "... " + Count(count - i, "more line", "more lines"));
       break;
     }
-    Put(top + 1 + i, left, width, Preview[i]);
+    Put(top + 1 + i, left, width, Preview.Lines[i]);
   }
   if (count == 0) Put(top + 1, left, width, "(none)");
 }

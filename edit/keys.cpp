@@ -395,7 +395,7 @@ void tEditView::Reload() {
   SavedEdits = Model.Edits;
   StampDisk();
   SetIndex = ClauseIndex = Row = 0;
-  Check.Run(Document);
+  CheckPending = true;
   Rebuild();
 }
 

@@ -3,8 +3,7 @@
 #include <cstdio>
 
 #include "edit/scratch.h"
-#include "output/output.h"
-#include "rules/progress.h"
+#include "output/section.h"
 
 namespace {
 
@@ -85,8 +84,8 @@ int DataReadsBack(tFilterData& document, String& why) {
   tScratchFile scratch;
   why = "no scratch file could be made to check the data";
   if (!scratch.File) return 0;
-  tProgress progress;
-  if (WriteOutput(scratch.File, "", document.DataSets, document.OutputFrame(), progress) < 0)
+  if (WriteSection(scratch.File, document.TemplateTitle.Text(), document.DataSets) < 0 ||
+      std::fflush(scratch.File) != 0)
     return 0;
   DListOfDListtClauseData read;
   if (read.Read(scratch.Path.Text(), document.TemplateTitle.Text(), document.MainRules,

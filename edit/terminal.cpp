@@ -43,7 +43,6 @@ tTerminal::tTerminal() : Colours(false) {
   noecho();
   nonl();
   keypad(stdscr, TRUE);
-  timeout(100);
   curs_set(0);
   Colours = has_colors() && !std::getenv("NO_COLOR");
   TitleAttr = A_REVERSE;
@@ -71,7 +70,8 @@ void tTerminal::Restore() {
   endwin();
 }
 
-int tTerminal::Key() {
+int tTerminal::Key(int wait) {
+  timeout(wait);
   int key = getch();
   if (Ending) {
     int signal = Ending;

@@ -13,9 +13,9 @@ class tTerminal {
   tTerminal(const tTerminal&) = delete;
   tTerminal& operator=(const tTerminal&) = delete;
 
-  // The next key, or -1 when none came within a short while. A signal that
-  // ends the program is acted on here.
-  int Key();
+  // The next key, or -1 when none came within wait milliseconds. A signal
+  // that ends the program is acted on here.
+  int Key(int wait);
   // Whether colours are used.
   bool Colours;
   // Attribute words of the screen's parts, colour or plain.

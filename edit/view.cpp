@@ -2,8 +2,6 @@
 
 #include <cstring>
 
-#include "edit/preview.h"
-
 tEditView::tEditView(tEditModel& model, const char* fileName, const char* templateName)
     : Model(model),
       Document(model.Document),
@@ -19,6 +17,7 @@ tEditView::tEditView(tEditModel& model, const char* fileName, const char* templa
       SetTop(0),
       ClauseTop(0),
       RowTop(0),
+      CheckPending(true),
       Cursor(0),
       EditPart(0),
       EditList(0),
@@ -29,7 +28,6 @@ tEditView::tEditView(tEditModel& model, const char* fileName, const char* templa
       Disk(),
       DiskPresent(false) {
   StampDisk();
-  Check.Run(Document);
   Rebuild();
 }
 
@@ -40,7 +38,15 @@ void tEditView::Run(tTerminal& terminal, const std::string& findings) {
              "The file was read with these findings; the editor shows the data as read:", findings);
   Draw();
   while (!Quit) {
-    int key = terminal.Key();
+    // The findings of a large file take longer than a key may: they follow
+    // the screen that answers the key, unless more keys are waiting.
+    int key = terminal.Key(CheckPending ? 0 : 100);
+    if (key < 0 && CheckPending) {
+      CheckPending = false;
+      Check.Run(Document);
+      BuildItems();
+      Draw();
+    }
     if (key < 0) continue;
     Key(key);
     if (!Quit) Draw();
@@ -86,7 +92,7 @@ void tEditView::Rebuild() {
   if (ClauseIndex < 0) ClauseIndex = 0;
   BuildItems();
   tClauseRow* clause = CurrentClause();
-  Preview.clear();
+  Preview = tPreview();
   if (clause && clause->Record) Preview = PreviewLines(Document, set, *clause->Record);
   if (clause && !clause->Record) Preview = FixedPreviewLines(Document, set, *clause->Template);
 }
@@ -146,7 +152,7 @@ void tEditView::Edited(int result, const String& why) {
     return;
   }
   Message.clear();
-  Check.Run(Document);
+  CheckPending = true;
   Rebuild();
 }
 

@@ -8,6 +8,7 @@
 
 #include "edit/datacheck.h"
 #include "edit/model.h"
+#include "edit/preview.h"
 #include "edit/terminal.h"
 
 // The full-screen face of ruleforge-edit: what the screen shows (the data
@@ -69,7 +70,9 @@ class tEditView {
   int SetTop, ClauseTop, RowTop;
   std::vector<tClauseRow> Clauses;
   std::vector<tItem> Items;
-  std::vector<std::string> Preview;
+  tPreview Preview;
+  // Set by an edit: the findings are made again once no key is waiting.
+  bool CheckPending;
   std::string Message;
   std::string Prompt, Typed;
   int Cursor;
