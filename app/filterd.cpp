@@ -3,14 +3,10 @@
 #include <cstdio>
 
 #include "app/common.h"
-#include "output/save.h"
 #include "resolve/dnsresol.h"
 #include "rules/numbers.h"
 
 namespace {
-
-// A line that holds more than blanks and tabs.
-int IsWritten(const String& line) { return line.AtFirstNotIn(" \t") >= 0; }
 
 // Lines that a section's reading left unread are skipped, and noted unless the
 // whole section is being skipped.
@@ -77,12 +73,25 @@ int tFilterData::ReadTemplate(const char* fileName) {
     return -2;
   }
   TemplateTitle = file.GetLine();
+  file.Placed(&TemplateTitle, file.TakenFrom);
   MainRules.Clear();
   LabelRules.Clear();
   FirstLabel = 0;
   SubstitutionNames.Clear();
   SubstitutionValues.Clear();
+  ReadSections(file);
+  New();
+  file.Close();
+  if (file.ReadFailed) {
+    ReadError(fileName);
+    return -11;
+  }
+  return 0;
+}
 
+// Each section begins with "~~~~" and its name; a section of another name is
+// skipped whole.
+void tFilterData::ReadSections(tFilterTemplateFile& file) {
   SkipToSection(file);
   while (!file.Eof()) {
     int line = file.LineNumber;
@@ -102,13 +111,6 @@ int tFilterData::ReadTemplate(const char* fileName) {
     }
     SkipToSection(file, known);
   }
-  New();
-  file.Close();
-  if (file.ReadFailed) {
-    ReadError(fileName);
-    return -11;
-  }
-  return 0;
 }
 
 // Lines such as |PORT|23|: the first character is the delimiter, the name
@@ -139,7 +141,7 @@ void tFilterData::ReadLabelRules(tFilterTemplateFile& file) {
   if (!file.Eof() && file.Line().Text()[1] != '~') {
     int line = file.LineNumber;
     file.GetCh();
-    if (file.LineNumber != line) file.Note(line, NoteLabelLineAlone);
+    if (file.LineNumber != line) file.Note(line, NoteLabelLineAlone, file.Line());
     // A number beyond the 32-bit range is held to it, as text priorities are.
     String number = file.GetLine();
     FirstLabel = ToPriority(number.Text());
@@ -170,10 +172,10 @@ int tFilterData::WriteTemplate(const char* fileName) const {
   return 0;
 }
 
-int tFilterData::ReadData(const char* fileName) {
+int tFilterData::ReadData(const char* fileName, const char* shownName) {
   int result = DataSets.Read(fileName, TemplateTitle.Text(), MainRules, LabelRules, Notes);
   if (result >= 0) return 0;
-  String name(fileName);
+  String name(shownName ? shownName : fileName);
   if (result == -1) {
     Error(3, String("Could not open '") + name + "'.");
     return -3;
@@ -194,17 +196,13 @@ tOutputFrame tFilterData::OutputFrame() const {
   return tOutputFrame{TemplateTitle.Text(), FirstLabel, SubstitutionNames, SubstitutionValues};
 }
 
-int tFilterData::WriteData(const char* fileName, int keepUnchanged) {
+int tFilterData::WriteData(FILE* out, const char* shownName) {
   if (ResolveNames) Resolver = new tDNSResolver;
-  if (fileName) {
-    SaveOutput(fileName, DataSets, OutputFrame(), keepUnchanged);
-  } else {
-    tProgress progress;
-    WriteOutput(stdout, "", DataSets, OutputFrame(), progress);
-  }
+  tProgress progress;
+  int result = WriteOutput(out, shownName, DataSets, OutputFrame(), progress);
   if (Resolver) {
     delete Resolver;
     Resolver = nullptr;
   }
-  return 0;
+  return result;
 }

@@ -29,17 +29,20 @@ class tFilterData : public tObject {
 
   int ReadTemplate(const char* fileName);
   int WriteTemplate(const char* fileName) const;
-  int ReadData(const char* fileName);
-  // Writes the output to standard output when fileName is null, else saves it
-  // to that file (keepUnchanged: see SaveOutput). The resolver exists while it
-  // runs when names are resolved.
-  int WriteData(const char* fileName, int keepUnchanged = 0);
+  // shownName, when given, names the input in messages instead of fileName
+  // (standard input when null).
+  int ReadData(const char* fileName, const char* shownName = nullptr);
+  // Writes the whole output to out, named shownName in messages (empty for
+  // standard output). The resolver exists while it runs when names are
+  // resolved. Returns 0, or a negative value after error 8 or a stop.
+  int WriteData(FILE* out = stdout, const char* shownName = "");
   // What the output takes from the template besides the data sets.
   tOutputFrame OutputFrame() const;
   int New();
 
  private:
   tReadNotes& Notes;
+  void ReadSections(tFilterTemplateFile& file);
   void ReadSubstitutions(tFilterTemplateFile& file);
   void ReadLabelRules(tFilterTemplateFile& file);
 };

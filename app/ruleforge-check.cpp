@@ -5,12 +5,8 @@
 
 #include "app/about.h"
 #include "app/common.h"
-#include "app/filterd.h"
-#include "check/checknotes.h"
-#include "check/findings.h"
-#include "check/lookups.h"
-#include "check/starter.h"
-#include "check/tplcheck.h"
+#include "check/run.h"
+#include "check/stdinput.h"
 #include "output/writeerr.h"
 #include "text/str.h"
 
@@ -75,37 +71,10 @@ int main(int argc, char** argv) {
     return 2;
   }
 
-  tFindings findings;
-  tCheckNotes notes(findings);
-  // The readers report these conditions too; the notes make findings of them.
-  QuietWarning(1);
-  QuietWarning(2);
-  QuietError(6);
-  int unreadable = 0;
-  {
-    const char* name = templateName.Length() > 0 ? templateName.Text() : nullptr;
-    findings.Begin(name ? name : "mkrule.tpl");
-    tFilterData document(name, resolve, notes);
-    if (error != 0) return 2;
-    if (starter) {
-      WriteStarter(document, stdout);
-      return Finish(0);
-    }
-    CheckTemplate(document, notes, findings);
-    findings.Print(stdout);
-    notes.Rules(&document.MainRules, &document.LabelRules);
-    for (const char* file : dataFiles) {
-      int standardInput = std::strcmp(file, "-") == 0;
-      findings.Begin(standardInput ? "<stdin>" : file);
-      notes.BeginData();
-      if (document.ReadData(standardInput ? nullptr : file) < 0) {
-        unreadable = 1;
-        continue;
-      }
-      if (resolve) CheckLookups(document, notes, findings);
-      findings.Print(stdout);
-    }
-  }
-  if (unreadable) return Finish(2);
-  return Finish(findings.Total > 0 ? 1 : 0);
+  const char* name = templateName.Length() > 0 ? templateName.Text() : nullptr;
+  if (starter) return Finish(WriteStarterFile(name, stdout, stderr));
+  if (dataFiles.empty() && StandardInputHoldsData()) dataFiles.push_back("-");
+  for (const char*& file : dataFiles)
+    if (std::strcmp(file, "-") == 0) file = nullptr;
+  return Finish(CheckFiles(name, dataFiles, resolve, stdout));
 }

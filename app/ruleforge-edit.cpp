@@ -35,8 +35,8 @@ int Apply(tFilterData& document, const char* fileName, int count, char** words, 
   if (model.Edits == 0 && !dryRun) return 0;
   String why;
   if (!DataReadsBack(document, why)) {
-    Error(21, String("The edited data cannot be saved: ") + why + ".");
-    return 21;
+    Error(31, String("The edited data cannot be saved: ") + why + ".");
+    return 31;
   }
   return dryRun ? ShowDiff(document, fileName) : SaveFile(document, fileName);
 }
@@ -49,6 +49,7 @@ int Apply(tFilterData& document, const char* fileName, int count, char** words, 
 // template's empty data. Saving regenerates the file as ruleforge-update does.
 int main(int argc, char** argv) {
   std::set_new_handler(OutOfMemory);
+  EscapeMessages = 1;
   int answered = AnswerHelpOrVersion(argc, argv, kHelp);
   if (answered >= 0) return answered;
   String templateName;

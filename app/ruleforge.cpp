@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
     tFilterData document(templateName.Length() > 0 ? templateName.Text() : nullptr, resolve);
     if (error == 0 && dump) document.WriteTemplate("/tmp/template.dmp");
     if (error == 0) document.ReadData(nullptr);
-    if (error == 0) document.WriteData(nullptr);
+    if (error == 0) document.WriteData();
     status = error;
   }
   return status;

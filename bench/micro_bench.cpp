@@ -84,7 +84,8 @@ void BM_ToString(benchmark::State& state) {
 BENCHMARK(BM_ToString)->Range(1 << 8, 1 << 16)->Complexity();
 
 // Ordered insertion of n texts whose priorities arrive ascending (0), high and
-// low alternately (1) or descending (2).
+// low alternately (1) or descending (2). The walk from the cursor is linear in
+// the distance to the place, so the last two grow with the square of n.
 void BM_ToSorted(benchmark::State& state) {
   int n = static_cast<int>(state.range(0));
   int order = static_cast<int>(state.range(1));
@@ -100,7 +101,7 @@ void BM_ToSorted(benchmark::State& state) {
   state.SetComplexityN(n);
 }
 BENCHMARK(BM_ToSorted)
-    ->ArgsProduct({benchmark::CreateRange(1 << 8, 1 << 18, 4), {0, 1, 2}})
+    ->ArgsProduct({benchmark::CreateRange(1 << 8, 1 << 12, 4), {0, 1, 2}})
     ->Complexity();
 
 // 200 substitutions over one generated line that holds three of the names.

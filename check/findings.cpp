@@ -14,6 +14,16 @@ void tFindings::Add(int line, const String& text) {
   ++Total;
 }
 
+void tFindings::Drop(int from, int to) {
+  size_t before = Items.size();
+  Items.erase(std::remove_if(Items.begin(), Items.end(),
+                             [&](const std::pair<int, std::string>& item) {
+                               return item.first >= from && item.first <= to;
+                             }),
+              Items.end());
+  Total -= static_cast<int>(before - Items.size());
+}
+
 void tFindings::Print(FILE* out) {
   std::stable_sort(Items.begin(), Items.end(),
                    [](const std::pair<int, std::string>& a, const std::pair<int, std::string>& b) {

@@ -19,6 +19,9 @@ class tFindings {
   // Starts the findings of a file, shown under shownName.
   void Begin(const char* shownName);
   void Add(int line, const String& text);
+  // Forgets the current file's findings of lines from to to (both included),
+  // which a finding about their cause replaces.
+  void Drop(int from, int to);
   // Prints the current file's findings to out and forgets them.
   void Print(FILE* out);
   // Every finding added so far, of every file.

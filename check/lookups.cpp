@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "resolve/dnsresol.h"
+#include "resolve/entry.h"
 #include "text/dlist.h"
 
 namespace {
@@ -18,14 +20,13 @@ int IsAddress(const char* text) {
   return *text == '\0';
 }
 
-// The entry as the resolver sees it: no blanks, each '*' a '0', and without
-// the ";bits" suffix. Empty for "*" alone, which never reaches the resolver.
-String AsLookedUp(const String& entry) {
-  String text = entry.Strip(" \t\n\r");
-  if (text == "*") return Empty;
-  for (int at = text.At('*'); at >= 0; at = text.At('*', at + 1)) text[at] = '0';
-  int suffix = text.At(';');
-  return suffix >= 0 ? text.Copy(0, suffix) : text;
+// The host part of the entry as the resolver sees it, without the ";bits"
+// suffix; empty when the entry never reaches the resolver.
+String AsLookedUp(const String& entry, int place) {
+  String form, host, suffix;
+  if (EntryToResolve(entry, place, form) != EntryLookedUp) return Empty;
+  tDNSResolver::HostPart(form, host, suffix);
+  return host;
 }
 
 // Whether text, which has a digit and goes to name lookup (it holds more than
@@ -41,9 +42,9 @@ int LooksLikeAddress(const String& text) {
   return first >= '0' && first <= '9' && text.AtFirstNotIn(nameCharacters.Text()) >= 0;
 }
 
-void CheckEntries(const DListtString& entries, int line, tFindings& findings) {
+void CheckEntries(const DListtString& entries, int place, int line, tFindings& findings) {
   for (const tString* entry : Walk<const tString>(entries)) {
-    String text = AsLookedUp(*entry);
+    String text = AsLookedUp(*entry, place);
     if (text.Length() == 0 || text.AtFirstIn("0123456789") < 0) continue;
     if (text.AtFirstNotIn("0123456789.") < 0) {
       if (!IsAddress(text.Text()))
@@ -57,24 +58,11 @@ void CheckEntries(const DListtString& entries, int line, tFindings& findings) {
   }
 }
 
-// Which resolved places the value texts of the record's variants in effect use.
-void ResolvedPlaces(const tClauseData& record, int uses[2]) {
-  const tClauseTemplate& clause = *record.Template;
-  for (int i = 0; i < 4; ++i) {
-    int labelled = clause.VariantLabels[i].Length() > 0;
-    if (labelled ? record.VariantStates[i] == 0 : i != 0) continue;
-    for (const tPrioritizedString* text : Walk<const tPrioritizedString>(clause.ValueTexts[i])) {
-      uses[0] |= text->At("${0R}") >= 0;
-      uses[1] |= text->At("${1R}") >= 0;
-    }
-  }
-}
-
 void CheckRecord(const tClauseData& record, const tCheckNotes& notes, tFindings& findings) {
   int uses[2] = {0, 0};
-  ResolvedPlaces(record, uses);
-  if (uses[0]) CheckEntries(record.Values0, notes.LineOf(&record.Values0), findings);
-  if (uses[1]) CheckEntries(record.Values1, notes.LineOf(&record.Values1), findings);
+  record.ResolvedPlaces(uses);
+  if (uses[0]) CheckEntries(record.Values0, 0, notes.LineOf(&record.Values0), findings);
+  if (uses[1]) CheckEntries(record.Values1, 1, notes.LineOf(&record.Values1), findings);
 }
 
 }  // namespace

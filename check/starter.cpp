@@ -1,6 +1,11 @@
 #include "check/starter.h"
 
-#include "app/common.h"
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "check/hints.h"
+#include "output/section.h"
 #include "text/dlist.h"
 
 namespace {
@@ -21,47 +26,55 @@ String Description(const tClauseTemplate& clause) {
   return text;
 }
 
-// Every labelled variant off, each state placed by its variant's index as the
-// writer places it.
-String States(const tClauseTemplate& clause) {
-  String states;
-  for (int i = 0; i < 4; ++i)
-    if (clause.VariantLabels[i].Length() > 0) states += i == 0 ? "0" : ", 0";
-  return states;
-}
-
 void WriteClause(FILE* out, const char* prefix, const tClauseTemplate& clause) {
   std::fprintf(out, "%s## %s\n", prefix, Description(clause).Text());
-  std::fprintf(out, "%s### \"%s\", %s\n", prefix, clause.Name.Text(), States(clause).Text());
+  std::fprintf(out, "%s### \"%s\", %s\n", prefix, clause.Name.Text(), OffStates(clause).Text());
   if (clause.Partner) {
     std::fprintf(out, "%s###~~\n", prefix);
     std::fprintf(out, "%s## companion %s\n", prefix, Description(*clause.Partner).Text());
-    std::fprintf(out, "%s### %s\n", prefix, States(*clause.Partner).Text());
+    std::fprintf(out, "%s### %s\n", prefix, OffStates(*clause.Partner).Text());
   }
   std::fprintf(out, "%s###~~~\n", prefix);
 }
 
+// The clauses of a section that take data and that a data line can name, in
+// order; the others that take data are left out with a finding.
+std::vector<const tClauseTemplate*> Nameable(DListtClauseTemplate& rules, const tCheckNotes& notes,
+                                             tFindings& findings) {
+  std::vector<const tClauseTemplate*> nameable;
+  std::unordered_set<std::string_view> names;
+  for (const tClauseTemplate* clause : Walk<const tClauseTemplate>(rules)) {
+    if (clause->Flags & tClauseTemplate::FixedClause) continue;
+    int line = notes.LineOf(clause);
+    if (!names.emplace(clause->Name.Text(), clause->Name.Length()).second) {
+      findings.Add(line, "clause " + Quoted(clause->Name) +
+                             " is left out of the starting file: its name is taken by a clause "
+                             "above it, which all data of that name reaches");
+    } else if (!CanBeNamed(clause->Name)) {
+      findings.Add(line, "clause " + Quoted(clause->Name) +
+                             " is left out of the starting file: no data line can name it");
+    } else {
+      nameable.push_back(clause);
+    }
+  }
+  return nameable;
+}
+
 }  // namespace
 
-void WriteStarter(tFilterData& document, FILE* out) {
-  std::fputs(
-      "## Parseable filter file information for rereading into Gatewright.\n"
-      "## DO NOT MODIFY THIS FILE BY HAND!\n",
-      out);
-  std::fprintf(out, "###%s%s%s%s\n", DataFileBanner.Text(), ProgramName.Text(), version.Text(),
-               AppVersion.Text());
-  std::fprintf(out, "###%s%s\n", DataFileTemplateHeader.Text(), document.TemplateTitle.Text());
+void WriteStarter(tFilterData& document, const tCheckNotes& notes, tFindings& findings, FILE* out) {
+  WriteSectionHead(out, document.TemplateTitle.Text());
   std::fputs("###~~~~(Main)\n", out);
-  for (const tClauseTemplate* clause : Walk<const tClauseTemplate>(document.MainRules))
-    if (!(clause->Flags & tClauseTemplate::FixedClause)) WriteClause(out, "", *clause);
+  for (const tClauseTemplate* clause : Nameable(document.MainRules, notes, findings))
+    WriteClause(out, "", *clause);
   if (document.LabelRules.Size() > 0) {
     std::fputs(
         "## To add a label data set, copy the lines from ###~~~~NAME on without their\n"
         "## first \"## \" and write the label in place of NAME.\n"
         "## ###~~~~NAME\n",
         out);
-    for (const tClauseTemplate* clause : Walk<const tClauseTemplate>(document.LabelRules))
-      if (!(clause->Flags & tClauseTemplate::FixedClause)) WriteClause(out, "## ", *clause);
+    for (const tClauseTemplate* clause : Nameable(document.LabelRules, notes, findings))
+      WriteClause(out, "## ", *clause);
   }
-  std::fputs("## End of parseable section ---------------------------------------------\n\n", out);
+  std::fputs(ParseableSectionEnd, out);
 }

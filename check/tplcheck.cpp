@@ -5,20 +5,18 @@
 #include <unordered_map>
 #include <vector>
 
+#include "check/hints.h"
 #include "check/nested.h"
 #include "text/dlist.h"
 
 namespace {
 
-// The writer puts a state for each labelled variant and reads them back by
-// position, so the labelled variants must form one run from variant 0, or
-// from variant 1 (an empty first place stands for an unlabelled variant 0).
+// A labelled variant whose state the writer puts in another field than the
+// reader takes it from.
 int HasGap(const tClauseTemplate& clause) {
-  unsigned labelled = 0;
   for (int i = 0; i < 4; ++i)
-    if (clause.VariantLabels[i].Length() > 0) labelled |= 1u << i;
-  unsigned run = labelled & 1 ? labelled : labelled >> 1;
-  return (run & (run + 1)) != 0;
+    if (StateField(clause, i) >= 0 && StateField(clause, i) != i) return 1;
+  return 0;
 }
 
 String Labelled(const tClauseTemplate& clause) {
@@ -123,9 +121,29 @@ void CheckText(const tClauseTemplate& clause, const tPrioritizedString& text, in
   }
 }
 
+// The clause's seven strings as the writer puts them on one line.
+String StringLine(const tClauseTemplate& clause) {
+  const String* strings[] = {&clause.VariantLabels[0], &clause.VariantLabels[1],
+                             &clause.VariantLabels[2], &clause.VariantLabels[3],
+                             &clause.Value0Label,      &clause.Value1Label};
+  String line = Quoted(clause.Name) + ",  ";
+  for (int i = 0; i < 6; ++i) line += Quoted(*strings[i]) + (i == 3 ? ",  " : i < 5 ? "," : "");
+  return line;
+}
+
+void CheckStringLine(const tClauseTemplate& clause, const tCheckNotes& notes, tFindings& findings) {
+  std::pair<int, String> shortLine = notes.ShortStringLine(&clause);
+  if (shortLine.first == 0) return;
+  findings.Add(shortLine.first, "clause string line has " + shortLine.second +
+                                    " of the seven strings: the rest is taken from the following "
+                                    "lines (write " +
+                                    Quoted(StringLine(clause)) + ")");
+}
+
 void CheckClause(const tClauseTemplate& clause, int main, const tCheckNotes& notes,
                  tFindings& findings) {
   int line = notes.LineOf(&clause);
+  CheckStringLine(clause, notes, findings);
   if (HasGap(clause))
     findings.Add(line, "labelled variants " + Labelled(clause) + " of " + Quoted(clause.Name) +
                            " leave a gap: their states come back at the wrong position when the "
@@ -154,7 +172,12 @@ void CheckRules(DListtClauseTemplate& rules, int main, const tCheckNotes& notes,
     if (!seen.second)
       findings.Add(line, "clause " + Quoted(clause->Name) +
                              " again in this section (first at line " + Number(seen.first->second) +
-                             "): data reaches only the first");
+                             "): no data line can name it, data reaches only the first");
+    if (!CanBeNamed(clause->Name))
+      findings.Add(line, "clause name " + Quoted(clause->Name) +
+                             " holds a double quote: ruleforge writes the name back between "
+                             "double quotes, so no data line names it on the next run (rename "
+                             "the clause)");
     CheckClause(*clause, main, notes, findings);
     if (clause->Partner) CheckClause(*clause->Partner, main, notes, findings);
   }
@@ -193,6 +216,13 @@ void CheckSubstitutions(DListtString& names, DListtString& values, const tCheckN
 }  // namespace
 
 void CheckTemplate(tFilterData& document, const tCheckNotes& notes, tFindings& findings) {
+  const String& title = document.TemplateTitle;
+  // The reader of the data drops a carriage return at the end of a line.
+  if (title.Length() > 0 && title.Text()[title.Length() - 1] == '\r')
+    findings.Add(notes.LineOf(&title),
+                 "template title ends with a carriage return, which reading the data drops: "
+                 "every run warns that the data was made from another template (ruleforge "
+                 "warning 2) (remove it)");
   CheckSubstitutions(document.SubstitutionNames, document.SubstitutionValues, notes, findings);
   CheckRules(document.MainRules, 1, notes, findings);
   CheckRules(document.LabelRules, 0, notes, findings);

@@ -45,13 +45,13 @@ int tCommandRun::Run(int count, char** words) {
       names += String(c == 0 ? "" : ", ") + Commands[c].Name;
     }
     if (!command) {
-      Error(20, String("Unknown command '") + words[i] + "'; the commands are " + names + ".");
-      return 20;
+      Error(30, String("Unknown command '") + words[i] + "'; the commands are " + names + ".");
+      return 30;
     }
     if (i + 1 + command->Words > count) {
-      Error(20,
+      Error(30,
             String("Command '") + command->Name + "' is short of words. Use: " + command->Usage);
-      return 20;
+      return 30;
     }
     int status = (this->*command->Run)(words + i + 1);
     if (status != 0) {
@@ -65,20 +65,20 @@ int tCommandRun::Run(int count, char** words) {
 
 int tCommandRun::Clause(const char* name, tClauseData*& record) {
   record = FindClause(*Current, name, Why);
-  return record ? 0 : 20;
+  return record ? 0 : 30;
 }
 
 int tCommandRun::ClauseList(char** words, tClauseData*& record, int& list) {
-  if (Clause(words[0], record) != 0) return 20;
+  if (Clause(words[0], record) != 0) return 30;
   list = FindList(*record, words[1], Why);
-  return list < 0 ? 20 : 0;
+  return list < 0 ? 30 : 0;
 }
 
 int tCommandRun::Position(const char* word, int& position) {
   position = EntryNumber(word);
   if (position >= 0) return 0;
   Why = String("'") + word + "' is not an entry number (1 is the first entry)";
-  return 20;
+  return 30;
 }
 
 int tCommandRun::Show(char**) {
@@ -88,7 +88,7 @@ int tCommandRun::Show(char**) {
 
 int tCommandRun::ShowClause(char** words) {
   tClauseData* record;
-  if (Clause(words[0], record) != 0) return 20;
+  if (Clause(words[0], record) != 0) return 30;
   for (const tClauseData* first : Walk<const tClauseData>(*Current))
     if (first == record || first->Partner == record) ::ShowClause(*first, Out);
   return 0;
@@ -102,7 +102,7 @@ int tCommandRun::Sets(char**) {
 
 int tCommandRun::In(char** words) {
   DListtClauseData* set = FindSet(Model.Document, words[0], Why);
-  if (!set) return 20;
+  if (!set) return 30;
   Current = set;
   return 0;
 }
@@ -112,30 +112,30 @@ int tCommandRun::Off(char** words) { return Switch(words, 0); }
 
 int tCommandRun::Switch(char** words, int on) {
   tClauseData* record;
-  if (Clause(words[0], record) != 0) return 20;
+  if (Clause(words[0], record) != 0) return 30;
   int variant = FindVariant(*record, words[1], Why);
-  if (variant < 0) return 20;
+  if (variant < 0) return 30;
   return Refused(Model.SetVariant(*record, variant, on, Why));
 }
 
 int tCommandRun::Add(char** words) {
   tClauseData* record;
   int list;
-  if (ClauseList(words, record, list) != 0) return 20;
+  if (ClauseList(words, record, list) != 0) return 30;
   return Refused(Model.InsertEntries(*record, list, ListOf(*record, list).Size(), words[2], Why));
 }
 
 int tCommandRun::Insert(char** words) {
   tClauseData* record;
   int list, position;
-  if (ClauseList(words, record, list) != 0 || Position(words[2], position) != 0) return 20;
+  if (ClauseList(words, record, list) != 0 || Position(words[2], position) != 0) return 30;
   return Refused(Model.InsertEntries(*record, list, position, words[3], Why));
 }
 
 int tCommandRun::Change(char** words) {
   tClauseData* record;
   int list, position;
-  if (ClauseList(words, record, list) != 0 || Position(words[2], position) != 0) return 20;
+  if (ClauseList(words, record, list) != 0 || Position(words[2], position) != 0) return 30;
   return Refused(Model.ChangeEntry(*record, list, position, words[3], Why));
 }
 
@@ -144,23 +144,23 @@ int tCommandRun::Change(char** words) {
 int tCommandRun::Remove(char** words) {
   tClauseData* record;
   int list;
-  if (ClauseList(words, record, list) != 0) return 20;
+  if (ClauseList(words, record, list) != 0) return 30;
   DListtString& values = ListOf(*record, list);
   int removed = 0;
   for (int i = values.Size() - 1; i >= 0; --i) {
     if (std::strcmp(values[i]->Text(), words[2]) != 0) continue;
-    if (Model.RemoveEntry(*record, list, i, Why) < 0) return 21;
+    if (Model.RemoveEntry(*record, list, i, Why) < 0) return 31;
     ++removed;
   }
   if (removed > 0) return 0;
   Why = String("list '") + CaptionOf(*record, list) + "' holds no entry '" + words[2] + "'";
-  return 21;
+  return 31;
 }
 
 int tCommandRun::RemoveAt(char** words) {
   tClauseData* record;
   int list, position;
-  if (ClauseList(words, record, list) != 0 || Position(words[2], position) != 0) return 20;
+  if (ClauseList(words, record, list) != 0 || Position(words[2], position) != 0) return 30;
   return Refused(Model.RemoveEntry(*record, list, position, Why));
 }
 
@@ -169,35 +169,35 @@ int tCommandRun::Move(char** words) {
   int list, from, to;
   if (ClauseList(words, record, list) != 0 || Position(words[2], from) != 0 ||
       Position(words[3], to) != 0)
-    return 20;
+    return 30;
   return Refused(Model.MoveEntry(*record, list, from, to, Why));
 }
 
 int tCommandRun::Clear(char** words) {
   tClauseData* record;
   int list;
-  if (ClauseList(words, record, list) != 0) return 20;
+  if (ClauseList(words, record, list) != 0) return 30;
   for (int i = ListOf(*record, list).Size() - 1; i >= 0; --i)
-    if (Model.RemoveEntry(*record, list, i, Why) < 0) return 21;
+    if (Model.RemoveEntry(*record, list, i, Why) < 0) return 31;
   return 0;
 }
 
 int tCommandRun::NewSet(char** words) {
-  if (Model.AddSet(words[0], Why) < 0) return 21;
+  if (Model.AddSet(words[0], Why) < 0) return 31;
   Current = Model.Set(words[0]);
   return 0;
 }
 
 int tCommandRun::RenameSet(char** words) {
   DListtClauseData* set = FindSet(Model.Document, words[0], Why);
-  if (!set) return 20;
+  if (!set) return 30;
   return Refused(Model.RenameSet(*set, words[1], Why));
 }
 
 int tCommandRun::RemoveSet(char** words) {
   DListtClauseData* set = FindSet(Model.Document, words[0], Why);
-  if (!set) return 20;
-  if (Model.RemoveSet(*set, Why) < 0) return 21;
+  if (!set) return 30;
+  if (Model.RemoveSet(*set, Why) < 0) return 31;
   if (set == Current) Current = static_cast<DListtClauseData*>(Model.Document.DataSets[0]);
   return 0;
 }

@@ -15,7 +15,7 @@ class tCommandRun {
  public:
   tCommandRun(tEditModel& model, FILE* out);
   // 0 when every command was done; otherwise the status of the first that
-  // failed (20: a word names nothing, 21: an edit refused), reported with
+  // failed (30: a word names nothing, 31: an edit refused), reported with
   // Error. Commands after a failed one are not run.
   int Run(int count, char** words);
 
@@ -28,11 +28,11 @@ class tCommandRun {
   DListtClauseData* Current;
   String Why;
 
-  // The parts of a command's words, found by name; each returns 0 or 20.
+  // The parts of a command's words, found by name; each returns 0 or 30.
   int Clause(const char* name, tClauseData*& record);
   int ClauseList(char** words, tClauseData*& record, int& list);
   int Position(const char* word, int& position);
-  int Refused(int result) { return result < 0 ? 21 : 0; }
+  int Refused(int result) { return result < 0 ? 31 : 0; }
 
   int Show(char** words);
   int ShowClause(char** words);

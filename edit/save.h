@@ -12,9 +12,9 @@
 // and the same messages. Returns the error status (0 when saved).
 int SaveFile(tFilterData& document, const char* fileName);
 
-// How a save would change the file, as a unified difference of its lines
-// (every line added when the file does not exist), into text. Returns 0, or
-// an error status after a message.
+// How a save would change the file, as ruleforge-update -n shows it (every
+// line added when the file does not exist), into text. Returns 0, or an error
+// status after a message.
 int DiffText(tFilterData& document, const char* fileName, std::string& text);
 
 // Prints to standard output how a save would change the file, as a unified

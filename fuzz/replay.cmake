@@ -1,7 +1,7 @@
 # Replays the checked-in corpus of every fuzz target as an ordinary test, with
 # the target's entry function and a plain main instead of libFuzzer, so that
 # the corpus and its regression inputs stay covered in any build.
-foreach(target fuzz_template fuzz_data fuzz_run)
+foreach(target fuzz_template fuzz_data fuzz_run fuzz_check)
   add_executable(replay_${target} ${CMAKE_CURRENT_LIST_DIR}/${target}.cpp
                  ${CMAKE_CURRENT_LIST_DIR}/fuzz_support.cpp ${CMAKE_CURRENT_LIST_DIR}/replay_main.cpp)
   target_link_libraries(replay_${target} PRIVATE ruleforge_core ruleforge_check)

@@ -3,11 +3,7 @@
 
 #include "text/str.h"
 
-// The names a save to a named file uses beside it.
-
-// The file name up to and including its last slash or backslash; empty when it
-// has neither. The temporary file is made there.
-String DirectoryPart(const String& fileName);
+// The name a save to a named file keeps the old version under.
 
 // The file name with its extension replaced by ".bak": out.flt gives out.bak,
 // a.b.c gives a.b.bak; a dot in a directory name is not an extension, so

@@ -12,17 +12,17 @@ enum tNote {
   NoteLineSkipped,            // a non-blank line outside any section or clause; the line
   NoteUnknownSection,         // a section of another name is skipped; the name
   NoteSectionNameOnNextLine,  // "~~~~" alone: the next line became the name; that name
-  NoteHeaderAlone,            // "~" alone: the header fields come from the next line
+  NoteHeaderAlone,            // "~" alone: the header fields come from the next line; that line
   NoteHeaderNoCommas,         // a header without commas ends the clause; the fields
   NoteHeaderFewFields,        // a header with fewer than three fields ends the clause; the fields
-  NoteHeaderUnknownKind,      // a kind other than S or V ends the clause; the kind
-  NoteVariantHeld,            // a variant outside 0..3 was held to that range; the field
+  NoteHeaderUnknownKind,      // a kind other than S or V ends the clause; the fields
+  NoteVariantHeld,            // a variant outside 0..3 was held to that range; the fields
   NotePriorityHeld,           // a number beyond the 32-bit range was held to it; the field
   NoteShortStringLine,        // the clause's seven strings run onto later lines; the count
   NoteExtraStrings,           // more than seven strings: the rest of the line is skipped
   NoteNotClauseSeparator,     // "~~~" followed by more starts a clause; the line
   NoteSecondCompanion,        // "~~" inside a companion ends it and creates nothing
-  NoteLabelLineAlone,         // "~" alone as the label line: the next line was the number
+  NoteLabelLineAlone,         // "~" alone as the label line: the next line, the number
   NoteSubstitutionSwallows,   // a substitution line took its value from the next line
   NoteSubstitutionUnclosed,   // a substitution line without a third delimiter; the name
   NoteTextLine,               // a line taken into the text placed last, as meant; no detail

@@ -110,6 +110,34 @@ String tParseableFile::GetLine() {
   return rest;
 }
 
+// The token that begins at Pos with a quote, up to the same quote; it never
+// continues onto the next line.
+String tParseableFile::TakeQuoted() {
+  char quote = CurrentLine.Text()[Pos];
+  int close = CurrentLine.At(quote, Pos + 1);
+  if (close < 0) {
+    String result = CurrentLine.Copy(Pos + 1);
+    Next();
+    return result;
+  }
+  String result = CurrentLine.Copy(Pos + 1, close - Pos - 1);
+  Pos = close + 1;
+  return result;
+}
+
+// The token that begins at Pos, up to a separator or the line's end.
+String tParseableFile::TakeWord() {
+  int end = CurrentLine.AtFirstIn(kSeparators, Pos);
+  if (end < 0) {
+    String result = CurrentLine.Copy(Pos);
+    Next();
+    return result;
+  }
+  String result = CurrentLine.Copy(Pos, end - Pos);
+  Pos = end;
+  return result;
+}
+
 String tParseableFile::GetString(int width) {
   String result;
   if (Remaining() == 0) Next();
@@ -126,28 +154,12 @@ String tParseableFile::GetString(int width) {
       continue;
     }
     Pos = start;
-    char first = CurrentLine.Text()[Pos];
-    if (std::strchr(kQuotes, first)) {
-      // A quoted token ends the search even when it is empty, and it never
-      // continues onto the next line.
-      int close = CurrentLine.At(first, Pos + 1);
-      if (close >= 0) {
-        result = CurrentLine.Copy(Pos + 1, close - Pos - 1);
-        Pos = close + 1;
-      } else {
-        result = CurrentLine.Copy(Pos + 1);
-        Next();
-      }
+    if (std::strchr(kQuotes, CurrentLine.Text()[Pos])) {
+      // A quoted token ends the search even when it is empty.
+      result = TakeQuoted();
       break;
     }
-    int end = CurrentLine.AtFirstIn(kSeparators, Pos);
-    if (end >= 0) {
-      result = CurrentLine.Copy(Pos, end - Pos);
-      Pos = end;
-    } else {
-      result = CurrentLine.Copy(Pos);
-      Next();
-    }
+    result = TakeWord();
   }
   if (Remaining() == 0) Next();
   return result;
@@ -175,3 +187,5 @@ void tFilterDataFile::Next() {
     if (!IsOpen || Remaining() > 0 || AtStreamEnd()) break;
   }
 }
+
+int IsWritten(const String& line, const char* blank) { return line.AtFirstNotIn(blank) >= 0; }

@@ -57,7 +57,13 @@ class tParseableFile {
   int AtStreamEnd() const;
   // Makes the unread rest the whole of CurrentLine.
   void Compact();
+  String TakeQuoted();
+  String TakeWord();
 };
+
+// 1 when line holds more than the bytes of blank (blanks and tabs unless told
+// otherwise): a reader notes a line it skips only then.
+int IsWritten(const String& line, const char* blank = " \t");
 
 // The template file: everything from "//" to the line end is a comment, and
 // lines that are empty after removing it are skipped.

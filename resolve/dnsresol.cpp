@@ -27,17 +27,6 @@ String tDNSResolver::Lookup(const String& name) {
 }
 
 const tString* tDNSResolver::Cached(const String& host) {
-  if (IndexedNames != HostNames.ChangeCount() || IndexedAddresses != HostAddresses.ChangeCount()) {
-    Index.clear();
-    int n = HostNames.Size() < HostAddresses.Size() ? HostNames.Size() : HostAddresses.Size();
-    const DLink* name = HostNames.FirstLink();
-    const DLink* address = HostAddresses.FirstLink();
-    for (int i = 0; i < n; ++i, name = name->NextLink, address = address->NextLink)
-      Index.emplace(static_cast<tString*>(name->Object)->Text(),
-                    static_cast<tString*>(address->Object));
-    IndexedNames = HostNames.ChangeCount();
-    IndexedAddresses = HostAddresses.ChangeCount();
-  }
   auto known = Index.find(host.Text());
   return known == Index.end() ? nullptr : known->second;
 }
@@ -66,8 +55,6 @@ String tDNSResolver::Remember(const String& host) {
   tString* address = new tString(result);
   HostAddresses.ToTail(address);
   Index.emplace(host.Text(), address);
-  IndexedNames = HostNames.ChangeCount();
-  IndexedAddresses = HostAddresses.ChangeCount();
   return result;
 }
 

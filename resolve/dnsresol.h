@@ -37,11 +37,9 @@ class tDNSResolver {
 
  private:
   // The HostAddresses entry of the first HostNames entry of each name: the
-  // same answer as walking the lists from their heads, without the walk. Valid
-  // while both lists' change counters are the ones recorded here.
+  // same answer as walking the lists from their heads, without the walk.
+  // Remember, which alone adds to the lists, adds to it in step.
   std::unordered_map<std::string, tString*> Index;
-  unsigned long IndexedNames = 0;
-  unsigned long IndexedAddresses = 0;
   // Expected names not yet looked up, in the order they were announced.
   std::vector<std::string> Expected;
   std::unordered_set<std::string> ExpectedSet;

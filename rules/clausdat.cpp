@@ -6,24 +6,43 @@ namespace {
 
 int BeginsWithTilde(tFilterDataFile& in) { return in.Line().Text()[0] == '~'; }
 
+// Notes the entry of text that begins at entry, without its outer blanks.
+void NoteGlued(tFilterDataFile& in, int line, const String& text, const char* entry) {
+  int length = static_cast<int>(std::strcspn(entry, ","));
+  int start = 0;
+  int end = length;
+  while (start < end && std::strchr(" \r\t", entry[start])) ++start;
+  while (end > start && std::strchr(" \r\t", entry[end - 1])) --end;
+  in.Note(line, NoteGluedEntry,
+          text.Copy(static_cast<int>(entry - text.Text()) + start, end - start));
+}
+
 // Notes every entry of a value line that has blanks inside: they are removed,
-// so the words around them run together.
+// so the words around them run together. One pass over the line finds them:
+// a blank or tab after a word, then a word again, before the entry's comma.
 void NoteGluedEntries(tFilterDataFile& in, int line, const String& text) {
   const char* p = text.Text();
-  while (*p) {
-    int length = static_cast<int>(std::strcspn(p, ","));
-    int start = 0;
-    int end = length;
-    while (start < end && std::strchr(" \r\t", p[start])) ++start;
-    while (end > start && std::strchr(" \r\t", p[end - 1])) --end;
-    for (int k = start; k < end; ++k) {
-      if (p[k] == ' ' || p[k] == '\t') {
-        in.Note(line, NoteGluedEntry, String(p).Copy(start, end - start));
-        break;
+  const char* entry = p;
+  int words = 0;  // 1 after a word, 2 after a word and a blank or tab
+  for (;; ++p) {
+    char c = *p;
+    if (c == ',' || c == '\0') {
+      if (c == '\0') return;
+      entry = p + 1;
+      words = 0;
+    } else if (c == ' ' || c == '\t') {
+      if (words == 1) words = 2;
+    } else if (c != '\r') {
+      if (words == 2) {
+        NoteGlued(in, line, text, entry);
+        while (*p && *p != ',') ++p;
+        if (!*p) return;
+        entry = p + 1;
+        words = 0;
+        continue;
       }
+      words = 1;
     }
-    p += length;
-    if (*p) ++p;
   }
 }
 
@@ -41,7 +60,11 @@ void ReadValues(tFilterDataFile& in, DListtString& values) {
 }  // namespace
 
 tClauseData::tClauseData()
-    : Partner(nullptr), Template(nullptr), VariantStates{0, 0, 0, 0}, OwnsPartner(false) {}
+    : Partner(nullptr),
+      Template(nullptr),
+      VariantStates{0, 0, 0, 0},
+      OwnsPartner(false),
+      ReadIn(false) {}
 
 // Unhooks the partner first, so that its own destructor leaves this record
 // alone; then the first record of a pair deletes the second.
@@ -65,16 +88,21 @@ int tClauseData::HasData() const {
   return Check(0) || Check(1) || Check(2) || Check(3) || Values0.Size() > 0 || Values1.Size() > 0;
 }
 
-// The separator before a state depends on the variant's index, not on what was
-// written before it, so a state keeps its position when read back as long as
-// the labelled variants form one run.
+int StateField(const tClauseTemplate& clause, int variant) {
+  if (clause.VariantLabels[variant].Length() == 0) return -1;
+  int field = clause.VariantLabels[0].Length() == 0;
+  for (int i = 0; i < variant; ++i) field += clause.VariantLabels[i].Length() > 0;
+  return field;
+}
+
 void tClauseData::WriteStates(FILE* out) const {
   // Put byte by byte rather than through fprintf, which costs more than the
   // rest of the record's line; a state of more than one digit still goes
   // through it.
   for (int i = 0; i < 4; ++i) {
-    if (Template->VariantLabels[i].Length() == 0) continue;
-    if (i != 0) std::fputs(", ", out);
+    int field = StateField(*Template, i);
+    if (field < 0) continue;
+    if (field > 0) std::fputs(", ", out);
     int state = VariantStates[i];
     if (state >= 0 && state <= 9) {
       std::putc('0' + state, out);
@@ -143,6 +171,7 @@ void tClauseData::ReadPart(tFilterDataFile& in, int headLine) {
 }
 
 int tClauseData::Read(tFilterDataFile& in) {
+  ReadIn = true;
   int headLine = in.TakenFrom;
   in.Placed(this, headLine);
   for (tClauseData* part = this;; part = part->Partner) {

@@ -1,51 +1,16 @@
 #include "rules/clause.h"
 
-#include <new>
 #include <string>
 
 #include "rules/numbers.h"
-#include "text/slotpool.h"
 
 namespace {
-
-tSlotPool& ListSlots() {
-  static tSlotPool pool(sizeof(DListtPrioritizedString));
-  return pool;
-}
-
-// The pool for the records of the given size: one for templates, one for data
-// records; any other size (a derived class) uses the heap (null).
-tSlotPool* RecordSlots(size_t size) {
-  static tSlotPool templates(sizeof(tClauseTemplate));
-  static tSlotPool data(sizeof(tClauseData));
-  if (size == sizeof(tClauseTemplate)) return &templates;
-  if (size == sizeof(tClauseData)) return &data;
-  return nullptr;
-}
-
-void* TakeRecord(size_t size) {
-  tSlotPool* pool = RecordSlots(size);
-  return pool ? pool->Take() : ::operator new(size);
-}
-
-void GiveRecord(void* p, size_t size) {
-  if (!p) return;
-  tSlotPool* pool = RecordSlots(size);
-  if (pool) {
-    pool->Give(p);
-  } else {
-    ::operator delete(p);
-  }
-}
 
 int ToVariant(int n) {
   if (n > 3) return 3;
   if (n < 0) return 0;
   return n;
 }
-
-// A line that holds more than blanks, tabs and commas.
-int IsWritten(const String& line) { return line.AtFirstNotIn(" \t,") >= 0; }
 
 void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant, char kind) {
   for (const tPrioritizedString* text : Walk<const tPrioritizedString>(texts)) {
@@ -54,27 +19,20 @@ void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant,
   }
 }
 
+// What ends a field of a header or parseable line, and what is removed from it.
+const char kFieldEnds[] = ",\n";
+const char kFieldBlanks[] = " \r\n\t,";
+
 // The first three fields of a header line, as SplitFields splits it, into
 // fields; returns how many fields the line has in all. A header is read for
 // every text of every template, and a list of fields would cost an element,
 // a link and a block for each.
 int HeaderFields(const String& header, String fields[3]) {
-  const char* text = header.Text();
-  const int n = header.Length();
-  std::string piece;
   int count = 0;
-  for (int i = 0; i < n; ++count) {
-    piece.clear();
-    for (; i < n; ++i) {
-      char c = text[i];
-      if (c != ' ' && c != '\r' && c != '\n' && c != '\t' && c != ',') piece.push_back(c);
-      if (c == ',' || c == '\n') {
-        ++i;
-        break;
-      }
-    }
+  ForEachPiece(header.Text(), kFieldEnds, kFieldBlanks, 0, [&](const std::string& piece) {
     if (count < 3) fields[count] = piece.c_str();
-  }
+    ++count;
+  });
   return count;
 }
 
@@ -86,29 +44,13 @@ const DListtPrioritizedString& tTextLists::operator[](int variant) const {
 }
 
 DListtPrioritizedString& tTextLists::Make(int variant) {
-  if (!Lists[variant]) Lists[variant] = new (ListSlots().Take()) DListtPrioritizedString;
+  if (!Lists[variant]) Lists[variant].reset(new DListtPrioritizedString);
   return *Lists[variant];
 }
 
-tTextLists::~tTextLists() {
-  for (DListtPrioritizedString* list : Lists) {
-    if (!list) continue;
-    list->~DListtPrioritizedString();
-    ListSlots().Give(list);
-  }
-}
-
 void SplitFields(DListtString& fields, const char* line) {
-  fields.FromString(line, ",\n", " \r\n\t,", 0);
+  fields.FromString(line, kFieldEnds, kFieldBlanks, 0);
 }
-
-void* tClauseTemplate::operator new(size_t size) { return TakeRecord(size); }
-
-void tClauseTemplate::operator delete(void* p, size_t size) { GiveRecord(p, size); }
-
-void* tClauseData::operator new(size_t size) { return TakeRecord(size); }
-
-void tClauseData::operator delete(void* p, size_t size) { GiveRecord(p, size); }
 
 tClauseTemplate::tClauseTemplate() : Flags(0), Partner(nullptr), OwnsPartner(false) {}
 
@@ -147,7 +89,8 @@ int tClauseTemplate::Read(tFilterTemplateFile& file) {
   // The rest of the string line, and any line before the first header line,
   // carries nothing.
   while (file.Ch() != '~') {
-    if (IsWritten(file.Line()))
+    // The strings are separated by commas as well as blanks.
+    if (IsWritten(file.Line(), " \t,"))
       file.Note(file.LineNumber, file.LineNumber == last ? NoteExtraStrings : NoteLineSkipped,
                 file.Line());
     file.Next();
@@ -163,42 +106,22 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
   if (file.Line().StartsWith("~~~")) return 0;
   int line = file.LineNumber;
   file.GetCh();
-  if (file.LineNumber != line) file.Note(line, NoteHeaderAlone);
+  if (file.LineNumber != line) file.Note(line, NoteHeaderAlone, file.Line());
   String header = file.GetLine();
   String fields[3];
   int count = HeaderFields(header, fields);
   if (count == 0) return 0;
-  const char* first = fields[0].Text();
-  if (first[0] == '~') {
-    // "~~" opens the companion template; a template that is itself a companion
-    // (its Partner is already set) or "~~~..." ends here without one.
-    if (first[1] != '~' && !Partner) {
-      Partner = new tClauseTemplate;
-      Partner->Partner = this;
-      OwnsPartner = true;
-      Partner->Read(file);
-    } else if (Partner) {
-      file.Note(line, NoteSecondCompanion);
-    }
+  if (fields[0].Text()[0] == '~') {
+    ReadCompanion(file, fields[0].Text(), line);
     return 0;
   }
   if (count < 3) {
     file.Note(line, header.At(',') < 0 ? NoteHeaderNoCommas : NoteHeaderFewFields, header);
     return 0;
   }
-  int variant = ToPriority(first);
-  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, fields[0]);
-  variant = ToVariant(variant);
-  int priority = ToPriority(fields[1].Text());
-  if (IsHeld(priority, fields[1].Text())) file.Note(line, NotePriorityHeld, fields[1]);
-  char kind = fields[2].ToUpper().Text()[0];
-  DListtPrioritizedString* texts = nullptr;
-  if (kind == 'S') texts = &SingleTexts.Make(variant);
-  if (kind == 'V') texts = &ValueTexts.Make(variant);
-  if (!texts) {
-    file.Note(line, NoteHeaderUnknownKind, fields[2]);
-    return 0;
-  }
+  int priority;
+  DListtPrioritizedString* texts = ListFor(file, line, header, fields, priority);
+  if (!texts) return 0;
 
   tPrioritizedString* text = new tPrioritizedString(Empty, priority);
   texts->ToSorted(text);
@@ -209,6 +132,36 @@ int tClauseTemplate::ReadText(tFilterTemplateFile& file) {
     *text += "\n";
   }
   return file.Eof() ? 0 : 1;
+}
+
+// "~~" opens the companion template; a template that is itself a companion
+// (its Partner is already set) or "~~~..." ends here without one.
+void tClauseTemplate::ReadCompanion(tFilterTemplateFile& file, const char* marker, int line) {
+  if (marker[1] != '~' && !Partner) {
+    Partner = new tClauseTemplate;
+    Partner->Partner = this;
+    OwnsPartner = true;
+    Partner->Read(file);
+  } else if (Partner) {
+    file.Note(line, NoteSecondCompanion);
+  }
+}
+
+// The variant is held to 0..3 and the priority to the 32-bit range; a kind
+// other than S or V gives no list.
+DListtPrioritizedString* tClauseTemplate::ListFor(tFilterTemplateFile& file, int line,
+                                                  const String& header, String fields[3],
+                                                  int& priority) {
+  int variant = ToPriority(fields[0].Text());
+  if (variant < 0 || variant > 3) file.Note(line, NoteVariantHeld, header);
+  variant = ToVariant(variant);
+  priority = ToPriority(fields[1].Text());
+  if (IsHeld(priority, fields[1].Text())) file.Note(line, NotePriorityHeld, fields[1]);
+  char kind = fields[2].ToUpper().Text()[0];
+  if (kind == 'S') return &SingleTexts.Make(variant);
+  if (kind == 'V') return &ValueTexts.Make(variant);
+  file.Note(line, NoteHeaderUnknownKind, header);
+  return nullptr;
 }
 
 int tClauseTemplate::Write(FILE* stream) const {

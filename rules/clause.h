@@ -3,12 +3,15 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <memory>
 
 #include "parse/parsefil.h"
 #include "text/dliststr.h"
+#include "text/slotpool.h"
 #include "text/str.h"
 
 class tTextSink;
+class tClauseTemplate;
 
 // The texts of one kind ("S" or "V") of a clause template, one list for each
 // of the four variants, in the order of their priorities. Owns the lists and
@@ -17,10 +20,9 @@ class tTextSink;
 // holds nothing.
 class tTextLists {
  public:
-  tTextLists() : Lists() {}
+  tTextLists() {}
   tTextLists(const tTextLists&) = delete;
   tTextLists& operator=(const tTextLists&) = delete;
-  ~tTextLists();
 
   // The list of a variant (0 to 3); an empty one when nothing was added.
   const DListtPrioritizedString& operator[](int variant) const;
@@ -46,9 +48,7 @@ class tTextLists {
   Iterator end() const { return Iterator(*this, 4); }
 
  private:
-  // Made in slots of a pool (rules/clause.cpp), as the lists of a run of
-  // many templates number in the tens of thousands.
-  DListtPrioritizedString* Lists[4];
+  std::unique_ptr<DListtPrioritizedString> Lists[4];
 };
 
 // Splits a header line of a template or a line of the parseable section into
@@ -56,13 +56,21 @@ class tTextLists {
 // blanks, tabs, line ends and commas are removed wherever they stand in it.
 void SplitFields(DListtString& fields, const char* line);
 
+// The field of a record's state line that the writer puts variant's state in
+// (tClauseData::WriteParseable): one state for each labelled variant, in
+// variant order, after an empty first field when variant 0 is unlabelled; -1
+// for an unlabelled variant. A reader takes field k as variant k's state, so
+// a state comes back where it was written only when the two agree. In
+// rules/clausdat.cpp.
+int StateField(const tClauseTemplate& clause, int variant);
+
 // One rule pattern of a template file: the clause's name, the captions the user
 // fills it in under, and its filter texts for each of four variants ("S" texts
 // once per variant in effect, "V" texts once per value or pair of values). Owns
 // its texts. A main template owns its companion template (Partner) and deletes
 // it with itself; the companion points back at its main template without owning
 // it, and deleting a companion only unhooks it, leaving the main template alone.
-class tClauseTemplate : public tObject {
+class tClauseTemplate : public tObject, public tPooled<tClauseTemplate> {
  public:
   // Flag bit: all four variant labels are empty, so the user fills in nothing.
   static const unsigned FixedClause = 1;
@@ -76,11 +84,6 @@ class tClauseTemplate : public tObject {
   tTextLists SingleTexts;
   tTextLists ValueTexts;
 
-  // From a pool of equal slots (rules/clause.cpp): a run may read tens of
-  // thousands of templates.
-  static void* operator new(size_t size);
-  static void operator delete(void* p, size_t size);
-
   tClauseTemplate();
   ~tClauseTemplate() override;
 
@@ -93,24 +96,25 @@ class tClauseTemplate : public tObject {
 
   // Reads one header line and the text under it; 0 when reading must end.
   int ReadText(tFilterTemplateFile& file);
+  void ReadCompanion(tFilterTemplateFile& file, const char* marker, int line);
+  // The list that a header's fields put their text in, and its priority.
+  DListtPrioritizedString* ListFor(tFilterTemplateFile& file, int line, const String& header,
+                                   String fields[3], int& priority);
 };
 
 // What the user filled in for one clause template: which variants are on and
-// the entries for the two value places. A clause with a companion template is
+// the entries for the two value places. Reading and the parseable lines in
+// rules/clausdat.cpp, the expansion in rules/expand.cpp. A clause with a companion template is
 // held as two records that point at each other; the first, the one in the data
 // set, owns the second and deletes it with itself, while deleting the second
 // only unhooks it from the first. The template is not owned.
-class tClauseData : public tObject {
+class tClauseData : public tObject, public tPooled<tClauseData> {
  public:
   tClauseData* Partner;
   tClauseTemplate* Template;
   int VariantStates[4];
   DListtString Values0;
   DListtString Values1;
-
-  // From a pool of equal slots (rules/clause.cpp), as the templates are.
-  static void* operator new(size_t size);
-  static void operator delete(void* p, size_t size);
 
   tClauseData();
   ~tClauseData() override;
@@ -128,6 +132,9 @@ class tClauseData : public tObject {
   void ResolvedPlaces(int uses[2]) const;
   int WriteParseable(FILE* out);
   int Read(tFilterDataFile& in);
+  // Set once Read has read the record's lines (a record is made afresh for
+  // every reading of its data set).
+  bool WasRead() const { return ReadIn; }
   // Hands the generated texts of this record and of its companion to out, in
   // the order of generation (rules/expand.cpp).
   int WriteFilter(tTextSink& out);
@@ -135,6 +142,7 @@ class tClauseData : public tObject {
  private:
   // Set on the first record of a pair: it deletes its Partner.
   bool OwnsPartner;
+  bool ReadIn;
 
   void WriteStates(FILE* out) const;
   void WriteValues(FILE* out);

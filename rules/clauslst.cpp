@@ -112,13 +112,11 @@ tClauseData* DListtClauseData::Find(const String& clauseName) {
 int DListtClauseData::Read(tFilterDataFile& in) {
   New();
   SkipClauseSeparators(in);
-  // The records read so far, kept only for the notes.
-  std::unordered_set<const tClauseData*> read;
   while (!in.Eof() && !AtSectionSeparator(in)) {
     String clauseName = in.GetString(-1);
     tClauseData* record = Find(clauseName);
     if (record) {
-      if (!read.insert(record).second) in.Note(in.TakenFrom, NoteClauseTwice, clauseName);
+      if (record->WasRead()) in.Note(in.TakenFrom, NoteClauseTwice, clauseName);
       record->Read(in);
     } else {
       in.Note(in.TakenFrom, NoteUnknownClause, clauseName);
@@ -168,19 +166,12 @@ int ReadBanner(const String& line, String& program, String& fileVersion) {
   return 1;
 }
 
-}  // namespace
-
-int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitle,
-                                  DListtClauseTemplate& mainTemplates,
-                                  DListtClauseTemplate& labelTemplates, tReadNotes& notes) {
-  tFilterDataFile in(fileName, notes);
-  if (!in.IsOpen) return -1;
-
+// Reads the banner and title lines: 0, or -2 when they are not there (-3
+// after a failed read). Another writer or template is warned about, and
+// noted.
+int ReadHead(tFilterDataFile& in, const char* templateTitle) {
   String program, fileVersion;
-  if (!ReadBanner(in.GetLine(), program, fileVersion)) {
-    in.Close();
-    return in.ReadFailed ? -3 : -2;
-  }
+  if (!ReadBanner(in.GetLine(), program, fileVersion)) return in.ReadFailed ? -3 : -2;
   if (fileVersion != AppVersion || program != ProgramName) {
     in.Note(in.TakenFrom, NoteOtherWriter, program + version + fileVersion);
     Warning(1, String("This file was written with ") + program + version + fileVersion +
@@ -189,10 +180,8 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
                    "hasn't been misinterpreted.");
   }
   String title = in.GetLine();
-  if (title.CutHead(DataFileTemplateHeader.Length()) != DataFileTemplateHeader) {
-    in.Close();
+  if (title.CutHead(DataFileTemplateHeader.Length()) != DataFileTemplateHeader)
     return in.ReadFailed ? -3 : -2;
-  }
   if (title != templateTitle) {
     in.Note(in.TakenFrom, NoteOtherTemplate, title);
     Warning(2, String("This file was created from the template file titled '") + title +
@@ -200,12 +189,16 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
                    "'. Double check the entries and/or resulting file to make sure the data "
                    "hasn't been misinterpreted.");
   }
+  return 0;
+}
 
-  New(&mainTemplates);
-  // Sets are found by name from the first; the index gives the same set as that
-  // walk without repeating it for every header.
+// Reads the data sets' lines into sets, which holds "(Main)" alone. Sets are
+// found by name from the first; the index gives the same set as that walk
+// without repeating it for every header.
+int ReadSets(tFilterDataFile& in, DListOfDListtClauseData& sets,
+             DListtClauseTemplate& labelTemplates) {
   std::unordered_map<std::string, DListtClauseData*> byName;
-  DListtClauseData* receiving = static_cast<DListtClauseData*>((*this)[0]);
+  DListtClauseData* receiving = static_cast<DListtClauseData*>(sets[0]);
   byName.emplace(receiving->Name(nullptr).Text(), receiving);
   // The set names of the header lines so far, kept only for the notes.
   std::unordered_set<std::string> headers;
@@ -216,18 +209,33 @@ int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitl
       in.GetString(4);
       String name = in.GetString(-1);
       if (in.TakenFrom != line) in.Note(line, NoteSetHeaderAlone, name);
-      auto found = byName.find(name.Text());
       if (!headers.insert(name.Text()).second) in.Note(line, NoteSetTwice, name);
+      auto found = byName.find(name.Text());
       if (found != byName.end()) {
         receiving = found->second;
       } else {
         receiving = new DListtClauseData(name.Text(), &labelTemplates);
-        ToTail(receiving);
+        sets.ToTail(receiving);
         byName.emplace(name.Text(), receiving);
       }
     }
     result = receiving->Read(in);
     if (result < 0) break;
+  }
+  return result;
+}
+
+}  // namespace
+
+int DListOfDListtClauseData::Read(const char* fileName, const char* templateTitle,
+                                  DListtClauseTemplate& mainTemplates,
+                                  DListtClauseTemplate& labelTemplates, tReadNotes& notes) {
+  tFilterDataFile in(fileName, notes);
+  if (!in.IsOpen) return -1;
+  int result = ReadHead(in, templateTitle);
+  if (result >= 0) {
+    New(&mainTemplates);
+    result = ReadSets(in, *this, labelTemplates);
   }
   in.Close();
   return in.ReadFailed ? -3 : result;

@@ -7,7 +7,8 @@
 # points), rules/, output/, resolve/ and its own folder (update/ for ruleforge-update)
 # with each literal piece of its text, and no code the program lacks, and FILES
 # names every file the program uses; for another program, DIAGNOSTICS holds the
-# messages of its entry point.
+# messages of its entry point. For ruleforge-check, FINDINGS names every
+# finding.
 # Usage: check_manual.sh <source dir> [program, ruleforge when absent [library]].
 # Exit status 77 (skipped) without groff.
 set -u
@@ -64,6 +65,18 @@ while IFS= read -r call; do
     grep -qF -- "$piece" <<<"$diagnostics" || complain "DIAGNOSTICS lacks the text '$piece' of $label"
   done < <(grep -oE '"[^"]+"' <<<"${call#*,}")
 done <<<"$calls"
+# ruleforge-check: FINDINGS holds the opening words of every finding, as the
+# table of note texts and each findings.Add call of check/ begin them (up to
+# the first quote, colon, parenthesis or quoted detail; one word says nothing).
+if [ "$program" = ruleforge-check ]; then
+  findings=$(section FINDINGS)
+  while IFS= read -r opening; do
+    grep -qF -- "$opening" <<<"$findings" || complain "FINDINGS lacks the finding '$opening'"
+  done < <(for file in "$src"/check/*.cpp; do
+             sed -E 's:(^|[[:space:]])//.*$::' "$file" | tr '\n' ' ' | sed -E 's/"[[:space:]]+"//g' |
+               grep -oE '(\{Note[A-Za-z]+,[[:space:]]*|Add\([^,]*,[[:space:]]*)"[^"]*' | sed -E 's/^.*"//'
+           done | sed -E 's/[:(@\\].*$//; s/[[:space:]]+$//' | awk 'NF >= 2' | sort -u)
+fi
 [ $library = 1 ] || exit $fail
 for label in $(grep -oE '(ERROR|Warning)\([0-9]+\):' <<<"$diagnostics" | sort -u); do
   grep -qxF -- "$label" <<<"$labels" || complain "DIAGNOSTICS documents $label, which the program lacks"

@@ -3,29 +3,6 @@
 #include <new>
 
 #include "text/nomem.h"
-#include "text/slotpool.h"
-
-namespace {
-
-tSlotPool& LinkSlots() {
-  static tSlotPool pool(sizeof(DLink));
-  return pool;
-}
-
-}  // namespace
-
-void* DLink::operator new(size_t size) {
-  return size == sizeof(DLink) ? LinkSlots().Take() : ::operator new(size);
-}
-
-void DLink::operator delete(void* p, size_t size) {
-  if (!p) return;
-  if (size == sizeof(DLink)) {
-    LinkSlots().Give(p);
-  } else {
-    ::operator delete(p);
-  }
-}
 
 DList::DList()
     : Tail(nullptr),
@@ -39,7 +16,9 @@ DList::DList()
 
 DList::~DList() { Clear(); }
 
-DLink* DList::NewLink(tObject* obj, DLink* prev, DLink* next) { return new DLink{next, prev, obj}; }
+DLink* DList::NewLink(tObject* obj, DLink* prev, DLink* next) {
+  return new DLink{{}, next, prev, obj};
+}
 
 void DList::Destroy(tObject* obj) { delete obj; }
 

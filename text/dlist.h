@@ -3,19 +3,17 @@
 
 #include <cstddef>
 
+#include "text/slotpool.h"
 #include "text/tobject.h"
 
 // One node of a DList. The link points at its element but does not own it.
-// Links come from a pool of equal slots (text/dlist.cpp): a list of a million
-// entries makes a million of them, and the general allocator would spend more
-// on each than the list does.
-struct DLink {
+// Links come from a pool of equal slots: a list of a million entries makes a
+// million of them, and the general allocator would spend more on each than the
+// list does.
+struct DLink : tPooled<DLink> {
   DLink* NextLink;
   DLink* PrevLink;
   tObject* Object;
-
-  static void* operator new(size_t size);
-  static void operator delete(void* p, size_t size);
 };
 
 // The program's container: a circular doubly linked list of elements with a
@@ -73,8 +71,6 @@ class DList {
   // that leave the cursor alone (see Walk below).
   const DLink* FirstLink() const { return Head(); }
   const DLink* LastLink() const { return Tail; }
-  // The change counter below, for indexes kept outside the list's own class.
-  unsigned long ChangeCount() const { return Changes; }
 
  protected:
   DLink* Tail;

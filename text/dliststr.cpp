@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "text/slotpool.h"
 #include "text/strblock.h"
 
 namespace {
@@ -17,32 +16,7 @@ int Compare(const String& a, const String& b) {
   return order ? order : a.Length() - b.Length();
 }
 
-// The pool for elements of the given size: one for tString, one for
-// tPrioritizedString; other derived classes use the heap (null).
-tSlotPool* StringSlots(size_t size) {
-  static tSlotPool plain(sizeof(tString));
-  static tSlotPool prioritized(sizeof(tPrioritizedString));
-  if (size == sizeof(tString)) return &plain;
-  if (size == sizeof(tPrioritizedString)) return &prioritized;
-  return nullptr;
-}
-
 }  // namespace
-
-void* tString::operator new(size_t size) {
-  tSlotPool* pool = StringSlots(size);
-  return pool ? pool->Take() : ::operator new(size);
-}
-
-void tString::operator delete(void* p, size_t size) {
-  if (!p) return;
-  tSlotPool* pool = StringSlots(size);
-  if (pool) {
-    pool->Give(p);
-  } else {
-    ::operator delete(p);
-  }
-}
 
 tString::tString() {}
 
@@ -90,26 +64,8 @@ tString* DListtString::operator[](int i) { return static_cast<tString*>(DList::o
 // in it, the separator among them when the set holds it.
 void DListtString::FromString(const char* text, const char* separators, const char* strip,
                               int skipLeading) {
-  if (!text) return;
-  const tByteSet isSeparator(separators);
-  const tByteSet isStripped(strip);
-  const size_t n = std::strlen(text);
-  std::string piece;
-  size_t i = 0;
-  while (i < n) {
-    if (skipLeading) {
-      while (i < n && isSeparator.Has(text[i])) ++i;
-      if (i == n) break;
-    }
-    size_t end = i;
-    while (end < n && !isSeparator.Has(text[end])) ++end;
-    if (end < n) ++end;
-    piece.clear();
-    for (; i < end; ++i) {
-      if (!isStripped.Has(text[i])) piece.push_back(text[i]);
-    }
-    ToTail(new tString(piece.c_str()));
-  }
+  ForEachPiece(text, separators, strip, skipLeading,
+               [this](const std::string& piece) { ToTail(new tString(piece.c_str())); });
 }
 
 // Joins in a buffer sized once instead of growing the text element by element;
@@ -139,117 +95,18 @@ tPrioritizedString* DListtPrioritizedString::Current() const {
   return static_cast<tPrioritizedString*>(CurrentObject());
 }
 
-namespace {
-
-// Lists shorter than this are walked: the walk is as fast, and they need no
-// index.
-const int kIndexedFrom = 64;
-
-int PriorityOf(const DLink* link) {
-  return static_cast<tPrioritizedString*>(link->Object)->Priority;
-}
-
-}  // namespace
-
-// Records the last link of each priority in one walk. A list found out of
-// order keeps an empty index, which tells ToSorted to walk instead.
-void DListtPrioritizedString::Reindex() {
-  std::map<int, DLink*>& lastOf = Index->LastOfPriority;
-  lastOf.clear();
-  Index->Changes = Changes;
-  if (!Tail) return;
-  DLink* head = Tail->NextLink;
-  for (DLink* link = head;; link = link->NextLink) {
-    if (link != head && PriorityOf(link->PrevLink) > PriorityOf(link)) {
-      lastOf.clear();
-      return;
-    }
-    lastOf[PriorityOf(link)] = link;
-    if (link == Tail) return;
-  }
-}
-
-// The new text goes after the last text whose priority is at most its own. In
-// a list kept in order that place is unique, so the index finds it directly;
-// the cursor and PastEnd end as the step-by-step walk from the cursor leaves
-// them. A list that something else put out of order gets the walk itself,
-// whose result there depends on where the cursor stood.
+// The walk from the cursor: back while the cursor's text is above p, then
+// forward while it is not; p goes in where the walk stops.
 void DListtPrioritizedString::ToSorted(tPrioritizedString* p) {
-  if (Count < kIndexedFrom) {
-    WalkToPlace(p);
-    ToCurrent(p);
-    return;
-  }
-  if (!Index) {
-    Index.reset(new tIndex);
-    Index->Changes = Changes - 1;
-  }
-  std::map<int, DLink*>& lastOf = Index->LastOfPriority;
-  if (Index->Changes != Changes) Reindex();
-  std::map<int, DLink*>::iterator above = lastOf.upper_bound(p->Priority);
-  // An element's priority may have been changed in place, which no change
-  // count sees: the place found is checked, and the index rebuilt once.
-  if (Tail && !lastOf.empty() && !PlaceHolds(above, p->Priority)) {
-    Reindex();
-    above = lastOf.upper_bound(p->Priority);
-  }
-  if (!Tail) {
-    ToTail(p);
-    lastOf.emplace(p->Priority, Tail);
-  } else if (lastOf.empty()) {
-    WalkToPlace(p);
-    ToCurrent(p);
-  } else {
-    LinkBefore(above, p);
-  }
-  Index->Changes = Changes;
-}
-
-// The literal walk: back while the cursor's text is above p, then forward
-// while it is not.
-void DListtPrioritizedString::WalkToPlace(const tPrioritizedString* p) {
+  auto priorityOf = [](const DLink* link) {
+    return static_cast<tPrioritizedString*>(link->Object)->Priority;
+  };
   if (!Cursor) GotoHead();
-  while (Cursor && PriorityOf(Cursor) > p->Priority) Prev();
+  while (Cursor && priorityOf(Cursor) > p->Priority) Prev();
   if (Cursor) {
-    while (Cursor && PriorityOf(Cursor) <= p->Priority) Next();
+    while (Cursor && priorityOf(Cursor) <= p->Priority) Next();
   }
-}
-
-// Whether the index entry before `above` is the last text of its priority and
-// the text after it lies above `priority`, or, with no entry before it,
-// whether the head does.
-bool DListtPrioritizedString::PlaceHolds(std::map<int, DLink*>::iterator above,
-                                         int priority) const {
-  const std::map<int, DLink*>& lastOf = Index->LastOfPriority;
-  if (above == lastOf.begin()) return PriorityOf(Tail->NextLink) > priority;
-  std::map<int, DLink*>::iterator at = std::prev(above);
-  DLink* last = at->second;
-  return PriorityOf(last) == at->first && (last == Tail || PriorityOf(last->NextLink) > priority);
-}
-
-// Links p after the last text of the highest priority below `above` (at the
-// head when there is none), leaving the cursor and PastEnd as the walk would,
-// and records p as the last text of its priority.
-void DListtPrioritizedString::LinkBefore(std::map<int, DLink*>::iterator above,
-                                         tPrioritizedString* p) {
-  std::map<int, DLink*>& lastOf = Index->LastOfPriority;
-  if (above == lastOf.begin()) {
-    Cursor = Tail->NextLink;
-    ToCurrent(p);
-    PastEnd = 0;
-  } else {
-    DLink* last = std::prev(above)->second;
-    Cursor = last == Tail ? nullptr : last->NextLink;
-    PastEnd = 1;
-    ToCurrent(p);
-  }
-  // `above` is still the first priority above p's, so the entry for p's
-  // priority is just before it or goes there: no second search.
-  if (above != lastOf.begin() && std::prev(above)->first == p->Priority) {
-    std::prev(above)->second = Cursor;
-  } else {
-    lastOf.emplace_hint(above, p->Priority, Cursor);
-  }
+  ToCurrent(p);
 }
 
 DListtPrioritizedString::~DListtPrioritizedString() { Clear(); }

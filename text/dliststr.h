@@ -2,21 +2,19 @@
 #define RULEFORGE_TEXT_DLISTSTR_H
 
 #include <cstddef>
-#include <map>
-#include <memory>
+#include <cstring>
+#include <string>
 
 #include "text/dlist.h"
+#include "text/slotpool.h"
 #include "text/str.h"
 
 // A String that can live in a DList; ordered by its text, byte by byte.
 // Elements of exactly this class, and of tPrioritizedString, come from pools of
 // equal slots, which a value list of a million entries fills with a million of
 // them at half the cost of separate allocations.
-class tString : public String, public tObject {
+class tString : public String, public tObject, public tPooled<tString> {
  public:
-  static void* operator new(size_t size);
-  static void operator delete(void* p, size_t size);
-
   tString();
   tString(const char* s);
   tString(const String& s);
@@ -29,8 +27,11 @@ class tString : public String, public tObject {
 
 // A generated or template text with the priority that orders it in the output.
 // Compared by priority only; the text plays no part in the order.
-class tPrioritizedString : public tString {
+class tPrioritizedString : public tString, public tPooled<tPrioritizedString> {
  public:
+  using tPooled<tPrioritizedString>::operator new;
+  using tPooled<tPrioritizedString>::operator delete;
+
   int Priority;
 
   tPrioritizedString();
@@ -42,7 +43,16 @@ class tPrioritizedString : public tString {
   ~tPrioritizedString() override;
 };
 
-// A list of texts; also splits a value line into entries and joins them back.
+// Splits text into pieces: a piece ends after each separator or at the end
+// (with skipLeading, separators before a piece are passed over), and the bytes
+// of strip are removed wherever they stand in it. Hands each piece to piece in
+// order; the bytes are valid during the call only.
+template <class F>
+void ForEachPiece(const char* text, const char* separators, const char* strip, int skipLeading,
+                  F piece);
+
+// A list of texts; also splits a value line into entries (ForEachPiece) and
+// joins them back.
 class DListtString : public DList {
  public:
   tString* Current() const;
@@ -53,29 +63,42 @@ class DListtString : public DList {
 };
 
 // Texts kept in ascending priority, ties in the order of insertion.
-class DListtPrioritizedString : public DList {
+class DListtPrioritizedString : public DList, public tPooled<DListtPrioritizedString> {
  public:
   DListtPrioritizedString();
   tPrioritizedString* Current() const;
   // Links p in after every text whose priority is at most its own and before
-  // the first with a greater one, and makes it the current element.
+  // the first with a greater one, and makes it the current element. Walks
+  // from the cursor: fast when texts arrive near their place, as a
+  // template's texts do; the output orders its texts by other means.
   void ToSorted(tPrioritizedString* p);
   ~DListtPrioritizedString() override;
-
- private:
-  // The last link of each priority, valid while its Changes equals the
-  // list's. It finds the place of a new text without walking the list, which
-  // keeps insertion fast when priorities arrive out of order. Only long lists
-  // get one: a short list is walked, and a list costs one pointer until then.
-  struct tIndex {
-    std::map<int, DLink*> LastOfPriority;
-    unsigned long Changes = 0;
-  };
-  std::unique_ptr<tIndex> Index;
-  void Reindex();
-  void WalkToPlace(const tPrioritizedString* p);
-  bool PlaceHolds(std::map<int, DLink*>::iterator above, int priority) const;
-  void LinkBefore(std::map<int, DLink*>::iterator above, tPrioritizedString* p);
 };
+
+template <class F>
+void ForEachPiece(const char* text, const char* separators, const char* strip, int skipLeading,
+                  F take) {
+  if (!text) return;
+  bool isSeparator[256] = {}, isStripped[256] = {};
+  for (; *separators; ++separators) isSeparator[static_cast<unsigned char>(*separators)] = true;
+  for (; *strip; ++strip) isStripped[static_cast<unsigned char>(*strip)] = true;
+  auto in = [](const bool* set, char c) { return set[static_cast<unsigned char>(c)]; };
+  std::string piece;
+  const char* end = text + std::strlen(text);
+  while (text < end) {
+    if (skipLeading) {
+      while (text < end && in(isSeparator, *text)) ++text;
+      if (text == end) break;
+    }
+    const char* stop = text;
+    while (stop < end && !in(isSeparator, *stop)) ++stop;
+    if (stop < end) ++stop;
+    piece.clear();
+    for (; text < stop; ++text) {
+      if (!in(isStripped, *text)) piece.push_back(*text);
+    }
+    take(piece);
+  }
+}
 
 #endif

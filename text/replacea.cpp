@@ -1,5 +1,6 @@
 #include "text/str.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -10,10 +11,13 @@
 
 namespace {
 
-// The rescan's caps: replacements for one text, and for all texts of a run
-// together (about 20 ms a million on this kind of work).
-const long long kTextReplacements = 10000000;
-const long long kRunReplacements = 10000000;
+// The rescan's caps, resource bounds rather than limits of the result: a
+// hundred million replacements for one text while it stays within 64 MiB, and
+// a hundred million for all texts of a run together (about 20 ms a million on
+// this kind of work, so a run's rescans end within a few seconds).
+const long long kTextReplacements = 100000000;
+const long long kRunReplacements = 100000000;
+const long long kRescanLength = 64LL << 20;
 long long RunReplacementsLeft = kRunReplacements;
 
 // One left-to-right pass: each search resumes right after the text just
@@ -38,7 +42,10 @@ std::string ReplaceOnce(const char* text, int n, const char* from, int m, const 
 // occurrence of the whole text. Popping that occurrence and feeding `to` next
 // replays exactly what the rescan would see. Returns false when more than
 // `maxReplacements` replacements would be needed or the text would grow past
-// `maxLength`; `replacements` says how many were made either way.
+// `maxLength`; `replacements` says how many were made either way. The output
+// and its states are kept with lengths of their own, so that a pop costs no
+// call; a state fits the narrowest type that holds m.
+template <class tState>
 bool Rescan(const char* text, int n, const char* from, int m, const char* to, int t,
             long long maxReplacements, size_t maxLength, std::string& out,
             long long& replacements) {
@@ -48,11 +55,12 @@ bool Rescan(const char* text, int n, const char* from, int m, const char* to, in
     if (from[i] == from[k]) ++k;
     fallback[i] = k;
   }
-  std::vector<int> states;
+  std::vector<tState> states(n + 1);
+  out.assign(n + 1, '\0');
+  size_t length = 0;
   std::string pending;  // a stack: its back is the next character to feed
   int next = 0;
   replacements = 0;
-  out.clear();
   for (;;) {
     char c;
     if (!pending.empty()) {
@@ -61,19 +69,26 @@ bool Rescan(const char* text, int n, const char* from, int m, const char* to, in
     } else if (next < n) {
       c = text[next++];
     } else {
+      out.resize(length);
       return true;
     }
-    int q = states.empty() ? 0 : states.back();
+    int q = length == 0 ? 0 : states[length - 1];
     while (q > 0 && from[q] != c) q = fallback[q - 1];
     if (from[q] == c) ++q;
-    out.push_back(c);
-    states.push_back(q);
+    if (length == out.size()) {
+      // The whole text never outgrows the larger of maxLength and n.
+      size_t grown = std::min(2 * length, std::max(maxLength, static_cast<size_t>(n)) + 1);
+      out.resize(grown);
+      states.resize(grown);
+    }
+    out[length] = c;
+    states[length++] = static_cast<tState>(q);
     if (q == m) {
       if (++replacements > maxReplacements) return false;
-      out.resize(out.size() - m);
-      states.resize(states.size() - m);
-      for (int j = t - 1; j >= 0; --j) pending.push_back(to[j]);
-      if (out.size() + pending.size() + (n - next) > maxLength) return false;
+      length -= m;
+      pending.append(to, t);
+      std::reverse(pending.end() - t, pending.end());
+      if (length + pending.size() + (n - next) > maxLength) return false;
     }
   }
 }
@@ -128,18 +143,17 @@ bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const cha
     }
     // The rescan can also run forever without that (replacing "ab" by "bbaa"
     // in "aab" re-creates "ab" with its left neighbour every time), and no
-    // cheap test tells the two apart. So its work is capped: ten million
-    // replacements, and a text of at most four times its starting length and
-    // that of `to`, plus 64 KiB; and ten million replacements for all texts of
-    // a run together, so that however many texts diverge they add a fraction
-    // of a second. Past a cap the single-pass result stands, as for `to`
-    // containing `from`.
-    long long grown = 4 * (static_cast<long long>(n) + t) + 65536;
-    size_t maxLength = static_cast<size_t>(grown < MaxLength ? grown : MaxLength);
+    // cheap test tells the two apart from a long cascade that ends (replacing
+    // "ab" by "bba" in 17 "a" then "b" takes 131,071 replacements). So its
+    // work is bounded: the text's and the run's caps above, so that however
+    // many texts diverge they add a few seconds at most. Past a cap the
+    // single-pass result stands, as for `to` containing `from`.
+    size_t maxLength = static_cast<size_t>(kRescanLength < MaxLength ? kRescanLength : MaxLength);
     long long cap =
         RunReplacementsLeft < kTextReplacements ? RunReplacementsLeft : kTextReplacements;
     long long used = 0;
-    rescanned = Rescan(text, n, from, m, to, t, cap, maxLength, out, used);
+    rescanned = m < 256 ? Rescan<unsigned char>(text, n, from, m, to, t, cap, maxLength, out, used)
+                        : Rescan<int>(text, n, from, m, to, t, cap, maxLength, out, used);
     RunReplacementsLeft -= used < cap ? used : cap;
   }
   if (!rescanned) out = ReplaceOnce(text, n, from, m, to, t);

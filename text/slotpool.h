@@ -78,4 +78,30 @@ class tSlotPool {
   std::vector<char*> Chunks;
 };
 
+// Gives a class T operator new and delete from one pool of T-sized slots;
+// a class derived from T of another size gets the general allocator. T
+// derives from tPooled<T>; a pooled class derived from a pooled one names
+// its own pool's operators with using-declarations.
+template <class T>
+class tPooled {
+ public:
+  static void* operator new(size_t size) {
+    return size == sizeof(T) ? Pool().Take() : ::operator new(size);
+  }
+  static void operator delete(void* p, size_t size) {
+    if (!p) return;
+    if (size == sizeof(T)) {
+      Pool().Give(p);
+    } else {
+      ::operator delete(p);
+    }
+  }
+
+ private:
+  static tSlotPool& Pool() {
+    static tSlotPool pool(sizeof(T));
+    return pool;
+  }
+};
+
 #endif

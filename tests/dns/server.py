@@ -3,9 +3,9 @@
 
 Answers A queries after a set delay: h<N>.up.invalid gets 10.<N/65536>.<N/256%256>.<N%256>,
 m<N>.up.invalid gets two addresses (10.200.x.y, then 10.201.x.y), many<N>.up.invalid gets N
-addresses (10.202.0.0 on, in order), localhost gets 127.0.0.1 (for a machine without
-/etc/hosts); every other name gets NXDOMAIN. Names are matched without regard to case. An
-answer too long for a UDP reply (512 bytes) goes out truncated, with no records, and the
+addresses (10.202.0.0 on, in order), localhost gets 127.0.0.1 (asked on a machine without
+/etc/hosts, where the server stands in for that file, and so not logged); every other name
+gets NXDOMAIN. Names are matched without regard to case. An answer too long for a UDP reply (512 bytes) goes out truncated, with no records, and the
 resolver asks again over TCP. Each query is logged as one line, "<name> <type>", to the log
 file. Many queries wait out their delay at the same time, so the server answers a burst of
 queries as fast as a real one would.
@@ -105,7 +105,8 @@ def main():
                 name, qtype, answer = reply(packet, 512)
             except (IndexError, struct.error):
                 continue
-            log.write("%s %d\n" % (name.decode("ascii", "replace"), qtype))
+            if name.lower() != b"localhost":
+                log.write("%s %d\n" % (name.decode("ascii", "replace"), qtype))
             sequence += 1
             heapq.heappush(pending, (time.monotonic() + delay, sequence, answer, address))
         while pending and pending[0][0] <= time.monotonic():

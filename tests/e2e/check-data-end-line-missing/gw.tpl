@@ -1,0 +1,1 @@
+../check-data-glued-entry/gw.tpl

@@ -1,0 +1,1 @@
+../check-starter-unnameable-clause/quote.tpl

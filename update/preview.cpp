@@ -1,0 +1,69 @@
+#include "update/preview.h"
+
+#include <signal.h>
+#include <spawn.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "app/common.h"
+#include "text/shown.h"
+
+extern char** environ;
+
+namespace {
+
+const char kDiff[] = "/usr/bin/diff";
+
+// Runs diff on the two descriptors as its 3 and 4; its exit status, or -1 when
+// it could not be run. A diff ended by SIGPIPE wrote to a reader that stopped
+// reading, as "| head" does: that reader saw differences, and the update is
+// no worse for it.
+int RunDiff(int before, int after, const char* label) {
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_adddup2(&actions, before, 3);
+  posix_spawn_file_actions_adddup2(&actions, after, 4);
+  char* argv[] = {
+      const_cast<char*>("diff"),      const_cast<char*>("-u"),        const_cast<char*>("--label"),
+      const_cast<char*>(label),       const_cast<char*>("--label"),   const_cast<char*>(label),
+      const_cast<char*>("/dev/fd/3"), const_cast<char*>("/dev/fd/4"), nullptr};
+  pid_t child;
+  int spawned = posix_spawn(&child, kDiff, &actions, nullptr, argv, environ) == 0;
+  posix_spawn_file_actions_destroy(&actions);
+  int status;
+  if (!spawned || waitpid(child, &status, 0) != child) return -1;
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGPIPE) return 1;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+}  // namespace
+
+int Preview(tFilterData& document, tUpdateTarget& target) {
+  int fd = memfd_create("ruleforge-update", MFD_CLOEXEC);
+  FILE* output = fd >= 0 ? fdopen(fd, "w+") : nullptr;
+  if (!output) {
+    if (fd >= 0) close(fd);
+    Error(19, String("Cannot show the changes to '") + target.GivenName() +
+                  "': no room for the new version.");
+    return -1;
+  }
+  int result = document.WriteData(output, target.Name());
+  if (result >= 0) {
+    // What this run printed before must come before the diff.
+    std::fflush(stdout);
+    // The labels are lines of the diff: a name's control characters are
+    // escaped as in the messages, so that no name can break a line or reach
+    // the terminal.
+    int status = RunDiff(target.Fd(), fd, Shown(String(target.GivenName())).Text());
+    if (status != 0 && status != 1) {
+      Error(19, String("Cannot show the changes to '") + target.GivenName() + "': " + kDiff +
+                    " failed.");
+      result = -1;
+    }
+  }
+  std::fclose(output);
+  return result < 0 ? -1 : 0;
+}
