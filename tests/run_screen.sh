@@ -10,6 +10,8 @@
 #              keys KEY...    tmux key names (Down, Enter, Space, C-l, ...)
 #              type TEXT      the text typed as it stands
 #              screen FILE    waits until the screen is exactly FILE
+#              escapes FILE   the same with the attributes and colours, as
+#                             tmux writes them in escape sequences
 #              resize C L     the terminal becomes C columns, L lines
 #              shell COMMAND  runs COMMAND in the work folder
 #              signal NAME    sends the signal to the program
@@ -38,15 +40,15 @@ tmux -L "$socket" -f /dev/null new-session -d -x "$columns" -y "$lines" -c "$wor
 tmux -L "$socket" set-option -g status off >/dev/null
 
 fail=0
-wait_screen() {  # wait_screen <expected file>
+wait_screen() {  # wait_screen <expected file> [-e]
   local i
   if [ -n "${RULEFORGE_SCREEN_RECORD:-}" ] && [ ! -e "$case/$1" ]; then
     sleep 1
-    tmux -L "$socket" capture-pane -p >"$case/$1"
+    tmux -L "$socket" capture-pane -p ${2:-} >"$case/$1"
     cp "$case/$1" "$1"
   fi
   for i in $(seq 100); do
-    tmux -L "$socket" capture-pane -p >actual.screen
+    tmux -L "$socket" capture-pane -p ${2:-} >actual.screen
     cmp -s "$1" actual.screen && return 0
     sleep 0.1
   done
@@ -73,6 +75,7 @@ while read -r step rest; do
     keys) read -ra keys <<<"$rest"; tmux -L "$socket" send-keys "${keys[@]}" ;;
     type) tmux -L "$socket" send-keys -l "$rest" ;;
     screen) wait_screen "$rest" || break ;;
+    escapes) wait_screen "$rest" -e || break ;;
     resize) tmux -L "$socket" resize-window -x "${rest% *}" -y "${rest#* }" ;;
     shell) bash -c "$rest" ;;
     signal) pkill -"$rest" -P "$(tmux -L "$socket" display-message -p '#{pane_pid}')" -x ruleforge-edit ;;
