@@ -144,7 +144,8 @@ void tEditView::DrawItem(const tItem& item, int y, int left, int width) {
 
 void tEditView::DrawPreview(int top, int bottom, int left, int width) {
   Put(top, left, width,
-      "Filter text of this clause in " + std::string(CurrentSet().Name(nullptr).Text()) + ":",
+      "Filter text of this clause in " + std::string(CurrentSet().Name(nullptr).Text()) +
+          (ResolvedPreview ? ", looked up:" : ":"),
       Screen->HeadAttr);
   int height = bottom - top - 1;
   long long count = static_cast<long long>(Preview.Lines.size()) + Preview.More;

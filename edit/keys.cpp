@@ -16,27 +16,6 @@ const int kEnter = 10, kReturn = 13, kEscape = 27, kCtrlL = 12, kDelete = 127;
 
 bool IsEnter(int key) { return key == kEnter || key == kReturn || key == KEY_ENTER; }
 
-// Runs save with standard error going to a scratch file, so that its messages
-// do not land on the screen; the first of them is returned.
-template <typename Step>
-std::string Quietly(Step step) {
-  tScratchFile messages;
-  std::fflush(stderr);
-  int kept = dup(2);
-  if (messages.File) dup2(fileno(messages.File), 2);
-  step();
-  std::fflush(stderr);
-  dup2(kept, 2);
-  close(kept);
-  std::string first;
-  if (!messages.File) return first;
-  std::rewind(messages.File);
-  char line[1024];
-  if (std::fgets(line, sizeof line, messages.File)) first = line;
-  if (!first.empty() && first.back() == '\n') first.pop_back();
-  return first;
-}
-
 const char kHelp[] =
     "Panes: data sets, clauses of the data set, the selected clause.\n"
     "\n"
@@ -55,6 +34,7 @@ const char kHelp[] =
     "s                   save: shows the difference and asks\n"
     "q                   quit (asks when there are unsaved changes)\n"
     "Ctrl-L              redraw the screen\n"
+    "R                   the preview with host names looked up, or as typed\n"
     "?, F1               this help\n"
     "\n"
     "While typing: Left, Right, Home, End, Backspace, Delete; Enter takes the\n"
@@ -136,6 +116,9 @@ bool tEditView::GlobalKey(int key) {
       break;
     case '/':
       StartTyping(FindClause, "Find clause: ", "");
+      break;
+    case 'R':
+      LookUpPreview();
       break;
     default:
       return false;
@@ -400,3 +383,12 @@ void tEditView::Reload() {
 }
 
 void tEditView::Help() { ShowText(ShowPage, "Keys of ruleforge-edit:", kHelp); }
+
+void tEditView::LookUpPreview() {
+  if (!Document.ResolveNames) {
+    Message = "Host names are not looked up: the editor runs with -r.";
+    return;
+  }
+  ResolvedPreview = !ResolvedPreview;
+  Rebuild();
+}

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "edit/scratch.h"
+
 tEditView::tEditView(tEditModel& model, const char* fileName, const char* templateName)
     : Model(model),
       Document(model.Document),
@@ -18,6 +20,7 @@ tEditView::tEditView(tEditModel& model, const char* fileName, const char* templa
       ClauseTop(0),
       RowTop(0),
       CheckPending(true),
+      ResolvedPreview(false),
       Cursor(0),
       EditPart(0),
       EditList(0),
@@ -93,7 +96,15 @@ void tEditView::Rebuild() {
   BuildItems();
   tClauseRow* clause = CurrentClause();
   Preview = tPreview();
-  if (clause && clause->Record) Preview = PreviewLines(Document, set, *clause->Record);
+  if (clause && clause->Record && ResolvedPreview) {
+    if (!Lookups) Lookups.reset(new tDNSResolver);
+    Resolver = Lookups.get();
+    std::string said = Quietly([&] { Preview = PreviewLines(Document, set, *clause->Record); });
+    Resolver = nullptr;
+    if (!said.empty()) Message = said;
+  } else if (clause && clause->Record) {
+    Preview = PreviewLines(Document, set, *clause->Record);
+  }
   if (clause && !clause->Record) Preview = FixedPreviewLines(Document, set, *clause->Template);
 }
 

@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "edit/model.h"
 #include "edit/preview.h"
 #include "edit/terminal.h"
+#include "resolve/dnsresol.h"
 
 // The full-screen face of ruleforge-edit: what the screen shows (the data
 // set, clause and row selected, the pane the keys go to, a line being typed,
@@ -73,6 +75,10 @@ class tEditView {
   tPreview Preview;
   // Set by an edit: the findings are made again once no key is waiting.
   bool CheckPending;
+  // The preview with host names looked up, through a resolver of the
+  // session's own (its answers are kept), made on the first such preview.
+  bool ResolvedPreview;
+  std::unique_ptr<tDNSResolver> Lookups;
   std::string Message;
   std::string Prompt, Typed;
   int Cursor;
@@ -123,6 +129,7 @@ class tEditView {
   void SaveNow();
   void Reload();
   void Help();
+  void LookUpPreview();
   void ToggleVariant(const tItem& item);
   void RemoveItem(const tItem& item);
   void MoveItem(const tItem& item, int by);
