@@ -102,9 +102,10 @@ void tCheckNotes::DataLine(int line, tNote what, const String& text) {
   }
   if (Where != InSection) return;
   if (what == NoteBareMarker) {
-    Findings.Add(line,
-                 "line \"###\" alone is skipped, so the list lines after it move up (write "
-                 "\"### \" with a blank for an empty list)");
+    Findings.Add(
+        line,
+        "line \"###\" alone is skipped, so the list lines after it move up (delete it, or write "
+        "\"### \" with a blank for an empty list)");
   } else if (text.StartsWith(kSectionEnd)) {
     Where = BelowSection;
   } else if (IsWritten(text) && !text.StartsWith("## ")) {
@@ -129,7 +130,9 @@ bool tCheckNotes::Taken(int line, tNote what, const String& detail) {
       ShortStrings[LastPlaced] = std::make_pair(line, detail);
       return true;
     case NoteNulByte:
-      return InData && Where == BelowSection;
+      if (InData && Where == BelowSection) return true;
+      Findings.Alone(line);
+      return false;
     case NoteNoStates:
       // The line read as the states is the cause's effect, not a finding of
       // its own.

@@ -1,5 +1,8 @@
 #include "check/clausenames.h"
 
+#include <strings.h>
+#include <string>
+
 #include "check/findings.h"
 #include "text/dlist.h"
 
@@ -28,7 +31,7 @@ const tClauseTemplate* tClauseNames::Find(const String& name) const {
   return main ? main : Named(1, name, 0);
 }
 
-String tClauseNames::UnknownClause(const String& name) const {
+String tClauseNames::UnknownClause(const String& name, const String& line) const {
   String quoted = Quoted(name);
   tClauseTemplate* main = Named(0, name, 0);
   tClauseTemplate* label = main ? nullptr : Named(1, name, 0);
@@ -53,7 +56,28 @@ String tClauseNames::UnknownClause(const String& name) const {
     return quoted + " is the companion of clause " + Quoted(owner->Name) +
            ": named as a clause, ruleforge stops with error 6 and writes nothing (write its "
            "lines after \"###~~\" in that clause)";
-  return "unknown clause " + quoted +
-         ": ruleforge stops with error 6 and writes nothing "
-         "(check the name against the template)";
+  return "unknown clause " + quoted + ": ruleforge stops with error 6 and writes nothing (" +
+         Meant(name, line) + ")";
+}
+
+String tClauseNames::Meant(const String& name, const String& line) const {
+  // "###~~~gw3" and "### ~~~~gw3" are data set headers the reader missed.
+  int rest = name.AtFirstNotIn("~");
+  if (name.Text()[0] == '~' && rest > 0)
+    return "write a data set header as " + Quoted("###~~~~" + name.Copy(rest));
+  // Of the clauses whose names differ in letter case only, the first in
+  // byte order, so that the hint does not depend on the order of the table.
+  std::string_view meant;
+  for (const auto& list : ByName) {
+    for (const auto& named : list[0]) {
+      if (named.first.size() != static_cast<size_t>(name.Length())) continue;
+      if (strncasecmp(named.first.data(), name.Text(), named.first.size()) != 0) continue;
+      if (meant.empty() || named.first < meant) meant = named.first;
+    }
+  }
+  std::string written = line.Text();
+  size_t at = written.find(name.Text());
+  if (!meant.empty() && at != std::string::npos)
+    return "write " + Quoted(written.replace(at, meant.size(), meant).c_str());
+  return "check the name against the template";
 }

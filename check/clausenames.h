@@ -16,8 +16,9 @@ class tClauseNames {
   // The first main clause, or else label clause, of that name; null when
   // there is none.
   const tClauseTemplate* Find(const String& name) const;
-  // The finding for name, which a data set has no record for.
-  String UnknownClause(const String& name) const;
+  // The finding for name, which a data set has no record for, read from the
+  // data line line.
+  String UnknownClause(const String& name, const String& line) const;
 
  private:
   // [0] the main rules, [1] the label rules; [][0] by the clause's own name,
@@ -27,6 +28,9 @@ class tClauseNames {
   // The clause of list (0 main, 1 label rules) named name, or whose companion
   // is named name; nullptr when there is none.
   tClauseTemplate* Named(int list, const String& name, int companions) const;
+  // What an unknown name on line was probably meant as: a data set header,
+  // or the line with a clause name in another letter case.
+  String Meant(const String& name, const String& line) const;
 };
 
 #endif

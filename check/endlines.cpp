@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "text/dlist.h"
+#include "check/records.h"
 
 namespace {
 
@@ -45,12 +45,7 @@ void Report(int line, int last, const tDataLines& section, tFindings& findings) 
 
 void CheckEndLines(tFilterData& document, const tCheckNotes& notes, tFindings& findings) {
   std::vector<int> lost = notes.EndsLost();
-  for (const DListtClauseData* set : Walk<const DListtClauseData>(document.DataSets)) {
-    for (const tClauseData* record : Walk<const tClauseData>(*set)) {
-      ListLinesLost(*record, notes, lost);
-      if (record->Partner) ListLinesLost(*record->Partner, notes, lost);
-    }
-  }
+  ForEachRecord(document, [&](const tClauseData& record) { ListLinesLost(record, notes, lost); });
   const tDataLines& section = notes.Section();
   for (int line : section.DamagedLines()) lost.push_back(line);
   std::sort(lost.begin(), lost.end());

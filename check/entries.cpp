@@ -1,23 +1,36 @@
 #include "check/entries.h"
 
 #include "check/hints.h"
+#include "check/records.h"
 #include "text/dlist.h"
 
 namespace {
 
+// One finding for the first entry that holds ';' separators and one for the
+// first that runs addresses together; both hint at the whole line with every
+// such entry split.
 void CheckList(const DListtString& entries, int line, tFindings& findings) {
   String written;
-  const tString* first = nullptr;
+  const tString* separated = nullptr;
+  const tString* glued = nullptr;
   for (const tString* entry : Walk<const tString>(entries)) {
-    if (!first && HoldsSeparators(*entry)) first = entry;
     if (written.Length() > 0) written += ", ";
+    String split;
+    if (GluedAddresses(*entry, split)) {
+      if (!glued) glued = entry;
+      written += split;
+      continue;
+    }
+    if (!separated && HoldsSeparators(*entry)) separated = entry;
     written += *entry;
   }
-  if (!first) return;
-  findings.Add(line, "entry " + Quoted(*first) +
-                         " holds ';' between its parts: it is read as one entry and makes one "
-                         "broken rule (separate entries by commas: write " +
-                         ListHint("### " + written) + ")");
+  String meant =
+      ": it is read as one entry and makes one broken rule (separate entries by commas: "
+      "write " +
+      ListHint("### " + written) + ")";
+  if (separated)
+    findings.Add(line, "entry " + Quoted(*separated) + " holds ';' between its parts" + meant);
+  if (glued) findings.Add(line, "entry " + Quoted(*glued) + " runs addresses together" + meant);
 }
 
 void CheckRecord(const tClauseData& record, const tCheckNotes& notes, tFindings& findings) {
@@ -28,10 +41,5 @@ void CheckRecord(const tClauseData& record, const tCheckNotes& notes, tFindings&
 }  // namespace
 
 void CheckEntries(tFilterData& document, const tCheckNotes& notes, tFindings& findings) {
-  for (const DListtClauseData* set : Walk<const DListtClauseData>(document.DataSets)) {
-    for (const tClauseData* record : Walk<const tClauseData>(*set)) {
-      CheckRecord(*record, notes, findings);
-      if (record->Partner) CheckRecord(*record->Partner, notes, findings);
-    }
-  }
+  ForEachRecord(document, [&](const tClauseData& record) { CheckRecord(record, notes, findings); });
 }

@@ -7,6 +7,7 @@
 void tFindings::Begin(const char* shownName) {
   Name = shownName;
   Items.clear();
+  AloneLines.clear();
 }
 
 void tFindings::Add(int line, const String& text) {
@@ -24,7 +25,17 @@ void tFindings::Drop(int from, int to) {
   Total -= static_cast<int>(before - Items.size());
 }
 
+void tFindings::Alone(int line) { AloneLines.emplace_back(line, Items.size()); }
+
 void tFindings::Print(FILE* out) {
+  std::vector<std::pair<int, std::string>> kept;
+  for (size_t i = 0; i < Items.size(); ++i) {
+    bool symptom = false;
+    for (const auto& alone : AloneLines)
+      symptom |= Items[i].first == alone.first && i != alone.second;
+    if (!symptom) kept.push_back(Items[i]);
+  }
+  Items.swap(kept);
   std::stable_sort(Items.begin(), Items.end(),
                    [](const std::pair<int, std::string>& a, const std::pair<int, std::string>& b) {
                      return a.first < b.first;
@@ -34,6 +45,7 @@ void tFindings::Print(FILE* out) {
     std::fprintf(out, "%s:%d: warning: %s\n", name.Text(), item.first,
                  Shown(item.second.c_str()).Text());
   Items.clear();
+  AloneLines.clear();
 }
 
 String Quoted(const String& text) { return String("\"") + text + "\""; }

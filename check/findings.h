@@ -22,6 +22,10 @@ class tFindings {
   // Forgets the current file's findings of lines from to to (both included),
   // which a finding about their cause replaces.
   void Drop(int from, int to);
+  // Lets the next finding of line stand for the line: the findings added for
+  // it later are symptoms of that one (a NUL byte that glued two lines) and
+  // are not printed.
+  void Alone(int line);
   // Prints the current file's findings to out and forgets them.
   void Print(FILE* out);
   // Every finding added so far, of every file.
@@ -30,6 +34,8 @@ class tFindings {
  private:
   std::string Name;
   std::vector<std::pair<int, std::string>> Items;
+  // Each line whose next finding stands alone, with that finding's index.
+  std::vector<std::pair<int, size_t>> AloneLines;
 };
 
 // text in double quotes, as findings quote what the input holds.

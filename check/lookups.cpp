@@ -3,22 +3,13 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "check/hints.h"
+#include "check/records.h"
 #include "resolve/dnsresol.h"
 #include "resolve/entry.h"
 #include "text/dlist.h"
 
 namespace {
-
-// Four decimal numbers from 0 to 255 joined by dots.
-int IsAddress(const char* text) {
-  for (int part = 0; part < 4; ++part) {
-    if (part > 0 && *text++ != '.') return 0;
-    int digits = static_cast<int>(std::strspn(text, "0123456789"));
-    if (digits < 1 || digits > 3 || std::atoi(text) > 255) return 0;
-    text += digits;
-  }
-  return *text == '\0';
-}
 
 // The host part of the entry as the resolver sees it, without the ";bits"
 // suffix; empty when the entry never reaches the resolver.
@@ -46,8 +37,10 @@ void CheckEntries(const DListtString& entries, int place, int line, tFindings& f
   for (const tString* entry : Walk<const tString>(entries)) {
     String text = AsLookedUp(*entry, place);
     if (text.Length() == 0 || text.AtFirstIn("0123456789") < 0) continue;
+    String split;
     if (text.AtFirstNotIn("0123456789.") < 0) {
-      if (!IsAddress(text.Text()))
+      // Addresses run together have their finding among the entries.
+      if (!IsAddress(text) && !GluedAddresses(*entry, split))
         findings.Add(line, "entry " + Quoted(*entry) +
                                " is taken as an address as it stands, but it is no valid address");
     } else if (LooksLikeAddress(text)) {
@@ -68,10 +61,5 @@ void CheckRecord(const tClauseData& record, const tCheckNotes& notes, tFindings&
 }  // namespace
 
 void CheckLookups(tFilterData& document, const tCheckNotes& notes, tFindings& findings) {
-  for (const DListtClauseData* set : Walk<const DListtClauseData>(document.DataSets)) {
-    for (const tClauseData* record : Walk<const tClauseData>(*set)) {
-      CheckRecord(*record, notes, findings);
-      if (record->Partner) CheckRecord(*record->Partner, notes, findings);
-    }
-  }
+  ForEachRecord(document, [&](const tClauseData& record) { CheckRecord(record, notes, findings); });
 }

@@ -71,11 +71,14 @@ String States(const tNoteContext& c) {
 String StateEntries(const tNoteContext& c) { return StateEntriesHint(c.Noted, c.Head) + ")"; }
 
 String Glued(const tNoteContext& c) {
-  return Quoted(c.Detail.Strip(" \t")) + " (separate entries with commas: write " +
-         ListHint(c.Noted) + ")";
+  String read = c.Detail.Strip(" \t");
+  return Quoted(read) +
+         (SplitAddress(c.Detail) ? " (one address was meant: write "
+                                 : " (separate entries with commas: write ") +
+         ListHint(JoinedAddresses(c.Noted)) + ")";
 }
 
-String Unknown(const tNoteContext& c) { return c.Names.UnknownClause(c.Detail); }
+String Unknown(const tNoteContext& c) { return c.Names.UnknownClause(c.Detail, c.Noted); }
 
 String SetName(const tNoteContext& c) { return Quoted("###~~~~" + c.Detail) + ")"; }
 
