@@ -39,19 +39,25 @@ class tPreviewSink : public tTextSink {
       : Label(label), Sizes(std::move(sizes)) {}
 
   void Single(const tPrioritizedString& text) override { Add(text, tPlaceFill()); }
-  void Values(tRecordValues& values) override {
+  void Values(const DListtString& values0, const DListtString& values1) override {
+    const DListtString* lists[2] = {&values0, &values1};
     for (int i = 0; i < 2; ++i) {
-      Place.Values[i] = values.Values[i];
-      Full[i] = values.Values[i] ? values.Values[i]->Size() : 0;
+      Place.Values[i] = lists[i];
+      Full[i] = lists[i]->Size();
       for (const auto& size : Sizes)
-        if (size.first == values.Values[i] && Full[i] == tPreview::MaxLines) Full[i] = size.second;
-      Place.First[i] = static_cast<int>(Resolved.size());
-      Place.Count[i] = static_cast<int>(values.Resolved[i].size());
-      Resolved.insert(Resolved.end(), values.Resolved[i].begin(), values.Resolved[i].end());
+        if (size.first == lists[i] && Full[i] == tPreview::MaxLines) Full[i] = size.second;
+      Place.First[i] = static_cast<int>(Forms.size());
+      Place.Count[i] = 0;
     }
   }
+  // The first place's forms come before the second's.
+  void Resolved(int place, const String& form) override {
+    if (Place.Count[place] == 0) Place.First[place] = static_cast<int>(Forms.size());
+    Forms.push_back(form);
+    ++Place.Count[place];
+  }
   void Pairs(const tPrioritizedString& text, int end0, int end1) override {
-    tPairFill pairs(Place, Resolved, end0, end1);
+    tPairFill pairs(Place, Forms, end0, end1);
     tPlaceFill fill;
     long long made = 0;
     while (made < tPreview::MaxLines && pairs.Next(fill)) {
@@ -74,7 +80,7 @@ class tPreviewSink : public tTextSink {
   std::vector<std::pair<const DListtString*, int>> Sizes;
   int Full[2] = {};
   tPlaceValues Place;
-  std::deque<String> Resolved;
+  std::deque<String> Forms;
 
   void Add(const tPrioritizedString& text, tPlaceFill fill) {
     fill.With[tPlaceFill::Label] = Label;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -136,8 +137,11 @@ TEST(EditModel, EditsEntriesOfBothLists) {
     for (const char* edit : c.edits) {
       SCOPED_TRACE(edit);
       String why;
-      int list = edit[1] - '0', a = edit[3] - '0', b = edit[5] - '0';
-      const char* text = edit + 5;
+      // "+L P TEXT": the text, or ">L F T": the position T, from the sixth
+      // character on; "-L P" has none.
+      int list = edit[1] - '0', a = edit[3] - '0';
+      const char* text = std::strlen(edit) > 5 ? edit + 5 : "";
+      int b = text[0] - '0';
       int result = 0;
       switch (edit[0]) {
         case '+':
