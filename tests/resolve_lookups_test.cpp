@@ -3,6 +3,7 @@
 #include <netdb.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -69,6 +70,24 @@ TEST(HostLookup, ThreadsAnswerEveryNameWhateverItsSize) {
     EXPECT_EQ(answers[i].Found, cases[i].found);
     EXPECT_EQ(answers[i].Address, cases[i].address);
   }
+}
+
+// Each name is asked of the DNS server once per resolver, whether it was
+// looked up first, expected first or expected twice before its lookup; texts
+// of digits and dots never are. The server logs every query it gets.
+TEST(Resolver, AsksTheServerOncePerName) {
+  const char* log = std::getenv("RULEFORGE_DNS_LOG");
+  ASSERT_NE(log, nullptr);
+  tDNSResolver resolver;
+  EXPECT_STREQ(resolver.Lookup("h1.up.invalid").Text(), "10.0.0.1");
+  for (const char* name : {"h1.up.invalid", "h2.up.invalid", "h2.up.invalid;25", "10.0.0.9"})
+    resolver.Expect(name);
+  resolver.LookUpExpected();
+  resolver.Expect("h2.up.invalid");
+  resolver.LookUpExpected();
+  EXPECT_STREQ(resolver.Lookup("h2.up.invalid").Text(), "10.0.0.2");
+  EXPECT_STREQ(resolver.Lookup(" h1.up.invalid;80").Text(), "10.0.0.1;80");
+  EXPECT_EQ(Slurp(log), "h1.up.invalid 1\nh2.up.invalid 1\n");
 }
 
 // Reports nothing, like the silent sink, but says it may stop the output part
