@@ -37,7 +37,8 @@ int WriteOutput(tFilterData& doc, std::string& out);
 std::string PlainFilterText(tFilterData& doc);
 
 // Resets the library's global state before an input runs: the last error code
-// and the replacements the rescans may make.
+// and the replacements the rescans may make, with bounds low enough that a
+// diverging substitution costs milliseconds.
 void ResetRun();
 
 [[noreturn]] void FuzzFail(const char* file, int line, const char* what);
