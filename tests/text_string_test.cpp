@@ -21,14 +21,21 @@ TEST(StringSearch, StaysInsideTheRange) {
     const char *text, *arg;
     int start, count, expected;
   } cases[] = {
-      {Ch, "a,b,c", ",", 2, 1, -1},  {Ch, "a,b,c", ",", 2, 2, 3},    {Ch, "abc", "a", 3, All, -1},
-      {Ch, "abc", "c", 0, 0, -1},    {Ch, "abc", "a", 0, -5, -1},    {Sub, "xabab", "ab", 2, 9, 3},
-      {Sub, "xabab", "ab", 1, 2, 1}, {Sub, "xabab", "ab", 2, 2, -1}, {Sub, "abc", "", 1, All, 1},
-      {Sub, "abc", "", 1, -1, -1},   {Sub, "aaab", "aab", 0, 4, 1},  {Sub, "abc", "abcd", 0, 9, -1},
-      {In, "ab,c", ",", 0, 2, -1},   {In, "ab,c", ",", 0, 3, 2},     {In, "abc", "", 0, All, -1},
-      {Not, "  a", " ", 0, 2, -1},   {Not, "ab", "", 1, All, 1},     {Not, "ab", "", 2, All, -1},
-      {Last, "a,b,c", ",", 0, 2, 1}, {Last, "a,b,c", ",", 2, 1, -1}, {Last, "a,b", ",", 4, All, -1},
-      {Ch, "abc", "a", -1, All, -1}, {Sub, "abc", "a", -1, All, -1}, {Sub, "abc", "", 4, All, -1},
+      {Ch, "a,b,c", ",", 2, 1, -1},    {Ch, "a,b,c", ",", 2, 2, 3},
+      {Ch, "abc", "a", 3, All, -1},    {Ch, "abc", "c", 0, 0, -1},
+      {Ch, "abc", "a", 0, -5, -1},     {Sub, "xabab", "ab", 2, 9, 3},
+      {Sub, "xabab", "ab", 1, 2, 1},   {Sub, "xabab", "ab", 2, 2, -1},
+      {Sub, "abc", "", 1, All, 1},     {Sub, "abc", "", 1, -1, -1},
+      {Sub, "aaab", "aab", 0, 4, 1},   {Sub, "abc", "abcd", 0, 9, -1},
+      {In, "ab,c", ",", 0, 2, -1},     {In, "ab,c", ",", 0, 3, 2},
+      {In, "abc", "", 0, All, -1},     {Not, "  a", " ", 0, 2, -1},
+      {Not, "ab", "", 1, All, 1},      {Not, "ab", "", 2, All, -1},
+      {Last, "a,b,c", ",", 0, 2, 1},   {Last, "a,b,c", ",", 2, 1, -1},
+      {Last, "a,b", ",", 4, All, -1},  {Ch, "abc", "a", -1, All, -1},
+      {Sub, "abc", "a", -1, All, -1},  {Sub, "abc", "", 4, All, -1},
+      {In, "abc", "a", -1, All, -1},   {In, "abc", "c", 4, All, -1},
+      {Not, "abc", "b", -1, All, -1},  {Not, "abc", "b", 4, All, -1},
+      {Last, "abc", "a", -1, All, -1},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << c.op << ' ' << c.text << ' ' << c.start << '+' << c.count);
