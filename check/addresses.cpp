@@ -3,6 +3,8 @@
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -13,62 +15,91 @@ int Count(const String& text, char c) {
   return n;
 }
 
-int SplitGlued(const String& text, int at, int part, String& split, std::vector<char>& failed);
-
-// After a whole address at at: the end of text, or the next address, right
-// after it or after a dot or a ';'.
-int NextGlued(const String& text, int at, String& split, std::vector<char>& failed) {
-  const char* p = text.Text() + at;
-  if (!*p) return 1;
-  int next = at + (*p == '.' || *p == ';');
-  split += ", ";
-  return text.Text()[next] != '\0' && SplitGlued(text, next, 0, split, failed);
-}
-
-// The 1 to max digits at p that make a number up to limit, tried one length
-// after the other; each is appended to split after lead and the search goes
-// on with then. split is restored when none leads anywhere.
-template <typename Then>
-int TryNumbers(const char* p, int max, int limit, const char* lead, String& split, Then then) {
-  int size = split.Length();
-  for (int length = 1; length <= max && std::isdigit(static_cast<unsigned char>(p[length - 1]));
-       ++length) {
-    if (std::atoi(String(p).Head(length).Text()) > limit) break;
-    split = split.Head(size) + lead + String(p).Head(length);
-    if (then(length)) return 1;
-  }
-  split = split.Head(size);
-  return 0;
-}
-
-// Reads text from at on as whole addresses, each with an optional ";bits"
-// suffix, of which the current one has part numbers already, and appends them
-// to split joined by ", ". failed marks the (position, part) pairs known to
-// lead nowhere, which keeps the search linear in the length of text.
-int SplitGlued(const String& text, int at, int part, String& split, std::vector<char>& failed) {
-  const char* p = text.Text() + at;
-  size_t mark = static_cast<size_t>(at) * 5 + static_cast<size_t>(part);
-  if (failed[mark]) return 0;
-  int found = 0;
-  if (part == 4) {
-    // A ';' is taken as a list separator before it is taken as ";bits".
-    int size = split.Length();
-    found = NextGlued(text, at, split, failed);
-    if (!found) split = split.Head(size);
-    if (!found && *p == ';') {
-      found = TryNumbers(p + 1, 2, 32, ";", split, [&](int length) {
-        return NextGlued(text, at + 1 + length, split, failed);
-      });
+// The reading of an entry as addresses run together, one character position
+// and state at a time: states 0 to 3 are "this many numbers of the current
+// address read", kWhole "a whole address read", kBits "its ;bits read too".
+// Between two addresses stands nothing, a dot or a ';'; a ';' after a whole
+// address is taken as such a separator before it is taken as ";bits".
+class tGlued {
+ public:
+  explicit tGlued(const std::string& text)
+      : Text(text),
+        Size(static_cast<int>(text.size())),
+        Ends(static_cast<size_t>(Size + 1) * 6, 0) {
+    // From the end backwards, so that each state's successors are known.
+    for (int at = Size; at >= 0; --at) {
+      for (int state : {3, 2, 1, 0, kBits, kWhole})
+        Ends[Index(at, state)] = Step(at, state, nullptr);
     }
-  } else if (part == 0 || *p == '.') {
-    int start = at + (part > 0);
-    found = TryNumbers(text.Text() + start, 3, 255, part > 0 ? "." : "", split, [&](int length) {
-      return SplitGlued(text, start + length, part + 1, split, failed);
-    });
   }
-  failed[mark] = !found;
-  return found;
-}
+  // Whether the whole text reads so; split then holds the addresses joined
+  // by ", ".
+  bool Read(std::string& split) const {
+    if (!Ends[Index(0, 0)]) return false;
+    int at = 0, state = 0;
+    while (at < Size || state < kWhole) {
+      std::pair<int, int> next;
+      Step(at, state, &next);
+      int from = at + (state > 0 && state < kWhole);
+      if (state < kWhole) {
+        if (state > 0) split += '.';
+      } else if (next.second == kBits) {
+        split += ';';
+        ++from;
+      } else {
+        split += ", ";
+        from = next.first;
+      }
+      split.append(Text, static_cast<size_t>(from), static_cast<size_t>(next.first - from));
+      at = next.first;
+      state = next.second;
+    }
+    return true;
+  }
+
+ private:
+  static const int kWhole = 4, kBits = 5;
+  const std::string& Text;
+  int Size;
+  std::vector<char> Ends;  // per (position, state): the rest reads to the end
+
+  size_t Index(int at, int state) const {
+    return static_cast<size_t>(at) * 6 + static_cast<size_t>(state);
+  }
+  bool Reaches(int at, int state) const { return at <= Size && Ends[Index(at, state)]; }
+  bool Digit(int at) const {
+    return at < Size && std::isdigit(static_cast<unsigned char>(Text[at]));
+  }
+  bool Number(int at, int length, int limit) const {
+    for (int i = 0; i < length; ++i)
+      if (!Digit(at + i)) return false;
+    return std::atoi(Text.substr(static_cast<size_t>(at), static_cast<size_t>(length)).c_str()) <=
+           limit;
+  }
+  // Whether (at, state) reads to the end; the first way found goes to next.
+  bool Step(int at, int state, std::pair<int, int>* next) const {
+    auto go = [&](int to, int toState) {
+      if (!Reaches(to, toState)) return false;
+      if (next) *next = {to, toState};
+      return true;
+    };
+    if (state < kWhole) {
+      int from = at + (state > 0);
+      if (state > 0 && (at >= Size || Text[at] != '.')) return false;
+      for (int length = 1; length <= 3; ++length)
+        if (Number(from, length, 255) && go(from + length, state + 1)) return true;
+      return false;
+    }
+    if (at == Size) return true;
+    bool separator = Text[at] == '.' || Text[at] == ';';
+    if (separator && at + 1 < Size && go(at + 1, 0)) return true;
+    if (Digit(at) && go(at, 0)) return true;
+    if (state == kBits || Text[at] != ';') return false;
+    for (int length = 1; length <= 2; ++length)
+      if (Number(at + 1, length, 32) && go(at + 1 + length, kBits)) return true;
+    return false;
+  }
+};
 
 }  // namespace
 
@@ -101,9 +132,9 @@ int SplitAddress(const String& entry) {
 
 int GluedAddresses(const String& entry, String& split) {
   if (entry.Length() == 0 || entry.AtFirstNotIn("0123456789.;") >= 0 || entry.At('.') < 0) return 0;
-  String found;
-  std::vector<char> failed((static_cast<size_t>(entry.Length()) + 1) * 5, 0);
-  if (!SplitGlued(entry, 0, 0, found, failed)) return 0;
+  std::string text = entry.Text(), read;
+  if (!tGlued(text).Read(read)) return 0;
+  String found = read.c_str();
   // Addresses that only ';' separates are separators, not addresses run
   // together: each ';' of the entry is either one of those or a ";bits".
   int addresses = Count(found, ',') + 1;
