@@ -23,16 +23,19 @@ class tListSink : public tTextSink {
   void Single(const tPrioritizedString& text) override {
     Out.ToSorted(new tPrioritizedString(text));
   }
-  void Values(tRecordValues& values) override {
-    for (int place = 0; place < 2; ++place) {
-      Current.Values[place] = values.Values[place];
-      Current.First[place] = static_cast<int>(Resolved.size());
-      Current.Count[place] = static_cast<int>(values.Resolved[place].size());
-      Resolved.insert(Resolved.end(), values.Resolved[place].begin(), values.Resolved[place].end());
-    }
+  void Values(const DListtString& values0, const DListtString& values1) override {
+    Current.Values[0] = &values0;
+    Current.Values[1] = &values1;
+    Current.First[0] = Current.First[1] = static_cast<int>(Forms.size());
+    Current.Count[0] = Current.Count[1] = 0;
+  }
+  void Resolved(int place, const String& form) override {
+    Forms.push_back(form);
+    ++Current.Count[place];
+    if (place == 0) Current.First[1] = static_cast<int>(Forms.size());
   }
   void Pairs(const tPrioritizedString& text, int end0, int end1) override {
-    tPairFill pairs(Current, Resolved, end0, end1);
+    tPairFill pairs(Current, Forms, end0, end1);
     tPlaceFill fill;
     while (pairs.Next(fill))
       Out.ToSorted(new tPrioritizedString(FillStepByStep(text, fill), text.Priority));
@@ -41,7 +44,7 @@ class tListSink : public tTextSink {
  private:
   DListtPrioritizedString& Out;
   tPlaceValues Current;
-  std::deque<String> Resolved;
+  std::deque<String> Forms;
 };
 
 // The texts of one data set, made the plain way, in order into out.

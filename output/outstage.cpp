@@ -67,7 +67,7 @@ int tOutputStage::WriteRecords(const tTextRecords& texts, size_t first, size_t l
       if (result < 0) return result;
       continue;
     }
-    tPairFill pairs(texts.PairValues[record.Values], texts.Resolved, record.End0, record.End1);
+    tPairFill pairs(texts.PairValues[record.Values], texts.Forms, record.End0, record.End1);
     tPlaceFill fill = labelOnly;
     Plan.Split(text);
     while (pairs.Next(fill)) {

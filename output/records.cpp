@@ -5,14 +5,18 @@ void tTextRecords::Single(const tPrioritizedString& text) {
   ++Total;
 }
 
-void tTextRecords::Values(tRecordValues& values) {
-  for (int place = 0; place < 2; ++place) {
-    Pending.Values[place] = values.Values[place];
-    Pending.First[place] = static_cast<int>(Resolved.size());
-    Pending.Count[place] = static_cast<int>(values.Resolved[place].size());
-    for (const String& form : values.Resolved[place]) Resolved.push_back(form);
-  }
+void tTextRecords::Values(const DListtString& values0, const DListtString& values1) {
+  Pending.Values[0] = &values0;
+  Pending.Values[1] = &values1;
+  Pending.First[0] = Pending.First[1] = static_cast<int>(Forms.size());
+  Pending.Count[0] = Pending.Count[1] = 0;
   PendingAdded = false;
+}
+
+void tTextRecords::Resolved(int place, const String& form) {
+  Forms.push_back(form);
+  ++Pending.Count[place];
+  if (place == 0) Pending.First[1] = static_cast<int>(Forms.size());
 }
 
 void tTextRecords::Pairs(const tPrioritizedString& text, int end0, int end1) {

@@ -13,7 +13,7 @@
 // one small record per single text and per value text with its range of pairs,
 // in the order of generation; the output stage orders and writes them, making
 // each text only while writing it. Owns the records, their values and the
-// resolved forms; the template texts, the records' value lists and the data
+// resolved forms (Forms); the template texts, the records' value lists and the data
 // sets' names must outlive it.
 class tTextRecords : public tTextSink {
  public:
@@ -30,12 +30,13 @@ class tTextRecords : public tTextSink {
 
   std::deque<tRecord> Records;
   std::deque<tPlaceValues> PairValues;
-  std::deque<String> Resolved;
+  std::deque<String> Forms;
   // The number of texts the records stand for.
   long long Total = 0;
 
   void Single(const tPrioritizedString& text) override;
-  void Values(tRecordValues& values) override;
+  void Values(const DListtString& values0, const DListtString& values1) override;
+  void Resolved(int place, const String& form) override;
   void Pairs(const tPrioritizedString& text, int end0, int end1) override;
 
  private:

@@ -59,7 +59,9 @@ string(CONCAT CPACK_PACKAGE_DESCRIPTION
   "data (variants switched on, hosts and values entered) into filter rule\n"
   "text ordered by priority. It reads its own previous output on standard\n"
   "input and regenerates it on standard output, so one file per gateway is\n"
-  "kept up to date by editing its data lines and running it again.")
+  "kept up to date by editing its data lines and running it again.\n"
+  "ruleforge-edit edits those data lines, full-screen in the terminal or by\n"
+  "commands from scripts, and saves the file regenerated.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_CONTACT "ruleforge maintainers <ruleforge@example.org>")
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "ruleforge maintainers <ruleforge@example.org>")

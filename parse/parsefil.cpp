@@ -112,30 +112,28 @@ String tParseableFile::GetLine() {
 
 // The token that begins at Pos with a quote, up to the same quote; it never
 // continues onto the next line.
-String tParseableFile::TakeQuoted() {
+void tParseableFile::TakeQuoted(String& result) {
   char quote = CurrentLine.Text()[Pos];
   int close = CurrentLine.At(quote, Pos + 1);
   if (close < 0) {
-    String result = CurrentLine.Copy(Pos + 1);
+    result = CurrentLine.Copy(Pos + 1);
     Next();
-    return result;
+    return;
   }
-  String result = CurrentLine.Copy(Pos + 1, close - Pos - 1);
+  result = CurrentLine.Copy(Pos + 1, close - Pos - 1);
   Pos = close + 1;
-  return result;
 }
 
 // The token that begins at Pos, up to a separator or the line's end.
-String tParseableFile::TakeWord() {
+void tParseableFile::TakeWord(String& result) {
   int end = CurrentLine.AtFirstIn(kSeparators, Pos);
   if (end < 0) {
-    String result = CurrentLine.Copy(Pos);
+    result = CurrentLine.Copy(Pos);
     Next();
-    return result;
+    return;
   }
-  String result = CurrentLine.Copy(Pos, end - Pos);
+  result = CurrentLine.Copy(Pos, end - Pos);
   Pos = end;
-  return result;
 }
 
 String tParseableFile::GetString(int width) {
@@ -156,10 +154,10 @@ String tParseableFile::GetString(int width) {
     Pos = start;
     if (std::strchr(kQuotes, CurrentLine.Text()[Pos])) {
       // A quoted token ends the search even when it is empty.
-      result = TakeQuoted();
+      TakeQuoted(result);
       break;
     }
-    result = TakeWord();
+    TakeWord(result);
   }
   if (Remaining() == 0) Next();
   return result;

@@ -57,8 +57,9 @@ class tParseableFile {
   int AtStreamEnd() const;
   // Makes the unread rest the whole of CurrentLine.
   void Compact();
-  String TakeQuoted();
-  String TakeWord();
+  // The token at Pos into result: up to the same quote, or a word.
+  void TakeQuoted(String& result);
+  void TakeWord(String& result);
 };
 
 // 1 when line holds more than the bytes of blank (blanks and tabs unless told

@@ -13,6 +13,21 @@ enum tEntryForm {
 
 // Sets form to what entry becomes and returns which case it is. The entries of
 // the second place (stripBlanks) first lose their blanks, tabs and line ends.
-tEntryForm EntryToResolve(const String& entry, int stripBlanks, String& form);
+// Inline: it runs for every entry of every resolved place.
+inline tEntryForm EntryToResolve(const String& entry, int stripBlanks, String& form) {
+  if (stripBlanks) {
+    form = entry.Strip(" \t\n\r");
+  } else {
+    form = entry;
+  }
+  if (form.Length() == 0) return EntryNone;
+  if (form == "*") {
+    static const String anyAddress("0;0");
+    form = anyAddress;
+    return EntryAnyAddress;
+  }
+  form.ReplaceAll("*", "0");
+  return EntryLookedUp;
+}
 
 #endif

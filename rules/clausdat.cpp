@@ -17,44 +17,16 @@ void NoteGlued(tFilterDataFile& in, int line, const String& text, const char* en
           text.Copy(static_cast<int>(entry - text.Text()) + start, end - start));
 }
 
-// Notes every entry of a value line that has blanks inside: they are removed,
-// so the words around them run together. One pass over the line finds them:
-// a blank or tab after a word, then a word again, before the entry's comma.
-void NoteGluedEntries(tFilterDataFile& in, int line, const String& text) {
-  const char* p = text.Text();
-  const char* entry = p;
-  int words = 0;  // 1 after a word, 2 after a word and a blank or tab
-  for (;; ++p) {
-    char c = *p;
-    if (c == ',' || c == '\0') {
-      if (c == '\0') return;
-      entry = p + 1;
-      words = 0;
-    } else if (c == ' ' || c == '\t') {
-      if (words == 1) words = 2;
-    } else if (c != '\r') {
-      if (words == 2) {
-        NoteGlued(in, line, text, entry);
-        while (*p && *p != ',') ++p;
-        if (!*p) return;
-        entry = p + 1;
-        words = 0;
-        continue;
-      }
-      words = 1;
-    }
-  }
-}
-
 // The next line is a value list unless it begins with '~'.
 void ReadValues(tFilterDataFile& in, DListtString& values) {
   values.Clear();
   if (BeginsWithTilde(in)) return;
   int line = in.LineNumber;
   String text = in.GetLine();
-  SplitFields(values, text.Text());
   in.Placed(&values, line);
-  NoteGluedEntries(in, line, text);
+  // An entry with blanks inside is read with them removed, so the words
+  // around them run together.
+  SplitFields(values, text.Text(), [&](const char* entry) { NoteGlued(in, line, text, entry); });
 }
 
 }  // namespace

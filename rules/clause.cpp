@@ -19,17 +19,13 @@ void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant,
   }
 }
 
-// What ends a field of a header or parseable line, and what is removed from it.
-const char kFieldEnds[] = ",\n";
-const char kFieldBlanks[] = " \r\n\t,";
-
 // The first three fields of a header line, as SplitFields splits it, into
 // fields; returns how many fields the line has in all. A header is read for
 // every text of every template, and a list of fields would cost an element,
 // a link and a block for each.
 int HeaderFields(const String& header, String fields[3]) {
   int count = 0;
-  ForEachPiece(header.Text(), kFieldEnds, kFieldBlanks, 0, [&](const std::string& piece) {
+  FieldRule().ForEach(header.Text(), [&](const std::string& piece, const char*, bool) {
     if (count < 3) fields[count] = piece.c_str();
     ++count;
   });
@@ -48,9 +44,12 @@ DListtPrioritizedString& tTextLists::Make(int variant) {
   return *Lists[variant];
 }
 
-void SplitFields(DListtString& fields, const char* line) {
-  fields.FromString(line, kFieldEnds, kFieldBlanks, 0);
+const tPieceRule& FieldRule() {
+  static const tPieceRule fields(",\n", " \r\n\t,", 0);
+  return fields;
 }
+
+void SplitFields(DListtString& fields, const char* line) { fields.FromString(line, FieldRule()); }
 
 tClauseTemplate::tClauseTemplate() : Flags(0), Partner(nullptr), OwnsPartner(false) {}
 

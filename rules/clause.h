@@ -51,10 +51,23 @@ class tTextLists {
   std::unique_ptr<DListtPrioritizedString> Lists[4];
 };
 
-// Splits a header line of a template or a line of the parseable section into
-// fields, appended to fields: a field ends after each comma or line end, and
-// blanks, tabs, line ends and commas are removed wherever they stand in it.
+// How a header line of a template or a line of the parseable section splits
+// into fields: a field ends after each comma or line end, and blanks, tabs,
+// line ends and commas are removed wherever they stand in it.
+const tPieceRule& FieldRule();
+
+// The fields of line by FieldRule, appended to fields.
 void SplitFields(DListtString& fields, const char* line);
+
+// The same, calling glued(start) with the start in line of each field that
+// had a blank or tab inside, between bytes it keeps.
+template <class F>
+void SplitFields(DListtString& fields, const char* line, F glued) {
+  FieldRule().ForEach(line, [&](const std::string& piece, const char* start, bool inside) {
+    fields.ToTail(new tString(piece.c_str()));
+    if (inside) glued(start);
+  });
+}
 
 // The field of a record's state line that the writer puts variant's state in
 // (tClauseData::WriteParseable): one state for each labelled variant, in

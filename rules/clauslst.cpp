@@ -1,7 +1,6 @@
 #include "rules/clauslst.h"
 
 #include <memory>
-#include <unordered_set>
 
 #include "app/common.h"
 
@@ -194,14 +193,17 @@ int ReadHead(tFilterDataFile& in, const char* templateTitle) {
 
 // Reads the data sets' lines into sets, which holds "(Main)" alone. Sets are
 // found by name from the first; the index gives the same set as that walk
-// without repeating it for every header.
+// without repeating it for every header, and remembers which names a header
+// line has named already, for the notes.
 int ReadSets(tFilterDataFile& in, DListOfDListtClauseData& sets,
              DListtClauseTemplate& labelTemplates) {
-  std::unordered_map<std::string, DListtClauseData*> byName;
+  struct tNamed {
+    DListtClauseData* Set;
+    bool Headed;
+  };
+  std::unordered_map<std::string, tNamed> byName;
   DListtClauseData* receiving = static_cast<DListtClauseData*>(sets[0]);
-  byName.emplace(receiving->Name(nullptr).Text(), receiving);
-  // The set names of the header lines so far, kept only for the notes.
-  std::unordered_set<std::string> headers;
+  byName.emplace(receiving->Name(nullptr).Text(), tNamed{receiving, false});
   int result = 0;
   while (!in.Eof()) {
     if (AtSectionSeparator(in)) {
@@ -209,15 +211,15 @@ int ReadSets(tFilterDataFile& in, DListOfDListtClauseData& sets,
       in.GetString(4);
       String name = in.GetString(-1);
       if (in.TakenFrom != line) in.Note(line, NoteSetHeaderAlone, name);
-      if (!headers.insert(name.Text()).second) in.Note(line, NoteSetTwice, name);
       auto found = byName.find(name.Text());
-      if (found != byName.end()) {
-        receiving = found->second;
-      } else {
+      if (found == byName.end()) {
         receiving = new DListtClauseData(name.Text(), &labelTemplates);
         sets.ToTail(receiving);
-        byName.emplace(name.Text(), receiving);
+        found = byName.emplace(name.Text(), tNamed{receiving, false}).first;
       }
+      if (found->second.Headed) in.Note(line, NoteSetTwice, name);
+      found->second.Headed = true;
+      receiving = found->second.Set;
     }
     result = receiving->Read(in);
     if (result < 0) break;

@@ -8,6 +8,9 @@ add_test(NAME docs.manual-check
 add_test(NAME docs.manual-update
          COMMAND ${CMAKE_CURRENT_LIST_DIR}/check_manual.sh ${CMAKE_CURRENT_SOURCE_DIR} ruleforge-update
                  library)
+add_test(NAME docs.manual-edit
+         COMMAND ${CMAKE_CURRENT_LIST_DIR}/check_manual.sh ${CMAKE_CURRENT_SOURCE_DIR} ruleforge-edit)
+set_tests_properties(docs.manual-edit PROPERTIES LABELS docs SKIP_RETURN_CODE 77)
 # The bundled example checks clean: no finding, status 0.
 add_test(NAME docs.example-check
          COMMAND $<TARGET_FILE:ruleforge-check> -t office.tpl office.flt

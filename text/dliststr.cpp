@@ -62,10 +62,21 @@ tString* DListtString::operator[](int i) { return static_cast<tString*>(DList::o
 // so a long line with many entries splits in linear time. A piece runs up to
 // and including its separator; the strip set then removes characters anywhere
 // in it, the separator among them when the set holds it.
+tPieceRule::tPieceRule(const char* separators, const char* strip, int skipLeading)
+    : Separator(), Stripped(), SkipLeading(skipLeading) {
+  for (; *separators; ++separators) Separator[static_cast<unsigned char>(*separators)] = true;
+  for (; *strip; ++strip) Stripped[static_cast<unsigned char>(*strip)] = true;
+}
+
 void DListtString::FromString(const char* text, const char* separators, const char* strip,
                               int skipLeading) {
-  ForEachPiece(text, separators, strip, skipLeading,
-               [this](const std::string& piece) { ToTail(new tString(piece.c_str())); });
+  FromString(text, tPieceRule(separators, strip, skipLeading));
+}
+
+void DListtString::FromString(const char* text, const tPieceRule& rule) {
+  rule.ForEach(text, [this](const std::string& piece, const char*, bool) {
+    ToTail(new tString(piece.c_str()));
+  });
 }
 
 // Joins in a buffer sized once instead of growing the text element by element;

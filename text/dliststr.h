@@ -43,21 +43,36 @@ class tPrioritizedString : public tString, public tPooled<tPrioritizedString> {
   ~tPrioritizedString() override;
 };
 
-// Splits text into pieces: a piece ends after each separator or at the end
-// (with skipLeading, separators before a piece are passed over), and the bytes
-// of strip are removed wherever they stand in it. Hands each piece to piece in
-// order; the bytes are valid during the call only.
-template <class F>
-void ForEachPiece(const char* text, const char* separators, const char* strip, int skipLeading,
-                  F piece);
+// How a text splits into pieces: a piece ends after each separator or at the
+// end (with skipLeading, separators before a piece are passed over), and the
+// bytes of strip are removed wherever they stand in it. Built once for a rule
+// that splits many lines.
+class tPieceRule {
+ public:
+  tPieceRule(const char* separators, const char* strip, int skipLeading);
+  // Hands each piece of text to take(piece, start, glued) in order: start is
+  // where the piece begins in text, and glued says whether a blank or tab was
+  // removed between two of the bytes kept. The bytes of piece are valid during
+  // the call only.
+  template <class F>
+  void ForEach(const char* text, F take) const;
 
-// A list of texts; also splits a value line into entries (ForEachPiece) and
+ private:
+  bool Separator[256];
+  bool Stripped[256];
+  int SkipLeading;
+  bool IsSeparator(char c) const { return Separator[static_cast<unsigned char>(c)]; }
+  bool IsStripped(char c) const { return Stripped[static_cast<unsigned char>(c)]; }
+};
+
+// A list of texts; also splits a value line into entries (tPieceRule) and
 // joins them back.
 class DListtString : public DList {
  public:
   tString* Current() const;
   tString* operator[](int i);
   void FromString(const char* text, const char* separators, const char* strip, int skipLeading);
+  void FromString(const char* text, const tPieceRule& rule);
   String ToString(const char* separator, int trailing);
   ~DListtString() override;
 };
@@ -76,28 +91,31 @@ class DListtPrioritizedString : public DList, public tPooled<DListtPrioritizedSt
 };
 
 template <class F>
-void ForEachPiece(const char* text, const char* separators, const char* strip, int skipLeading,
-                  F take) {
+void tPieceRule::ForEach(const char* text, F take) const {
   if (!text) return;
-  bool isSeparator[256] = {}, isStripped[256] = {};
-  for (; *separators; ++separators) isSeparator[static_cast<unsigned char>(*separators)] = true;
-  for (; *strip; ++strip) isStripped[static_cast<unsigned char>(*strip)] = true;
-  auto in = [](const bool* set, char c) { return set[static_cast<unsigned char>(c)]; };
   std::string piece;
   const char* end = text + std::strlen(text);
   while (text < end) {
-    if (skipLeading) {
-      while (text < end && in(isSeparator, *text)) ++text;
+    if (SkipLeading) {
+      while (text < end && IsSeparator(*text)) ++text;
       if (text == end) break;
     }
+    const char* start = text;
     const char* stop = text;
-    while (stop < end && !in(isSeparator, *stop)) ++stop;
+    while (stop < end && !IsSeparator(*stop)) ++stop;
     if (stop < end) ++stop;
     piece.clear();
+    // The length of piece at the first blank or tab removed after a byte kept.
+    size_t blankAt = std::string::npos;
     for (; text < stop; ++text) {
-      if (!in(isStripped, *text)) piece.push_back(*text);
+      char c = *text;
+      if (!IsStripped(c)) {
+        piece.push_back(c);
+      } else if ((c == ' ' || c == '\t') && blankAt == std::string::npos && !piece.empty()) {
+        blankAt = piece.size();
+      }
     }
-    take(piece);
+    take(piece, start, blankAt != std::string::npos && piece.size() > blankAt);
   }
 }
 

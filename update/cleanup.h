@@ -12,9 +12,9 @@ void InstallCleanup();
 // end; a null name stops that.
 void RemoveOnAbort(int folder, const char* name);
 
-// Holds the three signals back while the file is being replaced, so that no
-// end from outside falls between its steps; a signal that came meanwhile ends
-// the run when the object is destroyed.
+// Holds the three signals back while the file is being replaced and the
+// folder synced, so that no end from outside falls between those steps; a
+// signal that came meanwhile ends the run when the object is destroyed.
 class tSignalsHeld {
  public:
   tSignalsHeld();

@@ -9,7 +9,6 @@
 
 #include "app/common.h"
 #include "output/savename.h"
-#include "update/cleanup.h"
 
 namespace {
 
@@ -65,7 +64,6 @@ int Replace(tUpdateTarget& target, tTemporaryFile& temporary) {
   String backup = BackupName(target.Base());
   String shownBackup = BackupName(shownFile);
   int folder = target.Folder();
-  tSignalsHeld held;
 
   tBackup made = MakeBackup(target, backup, shownBackup);
   if (made == kBackupFailed) {

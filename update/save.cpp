@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "app/common.h"
+#include "update/cleanup.h"
 #include "update/replace.h"
 #include "update/tempfile.h"
 
@@ -46,6 +47,9 @@ int SaveOver(tFilterData& document, tUpdateTarget& target) {
   // the few steps of the replacement, the one moment a SIGKILL could leave it.
   if (SyncFolder(target, kSyncBefore) < 0) return -1;
   if (!temporary.Link()) return -1;
+  // A signal that comes from here on ends the run only once the file is
+  // replaced and the folder synced, so that what it leaves lasts.
+  tSignalsHeld held;
   int backedUp = Replace(target, temporary);
   if (backedUp < 0) return -1;
   return SyncFolder(target, backedUp ? kSyncBackedUp : kSyncNoBackup);

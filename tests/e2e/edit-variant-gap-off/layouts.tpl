@@ -1,0 +1,1 @@
+../../data/edit-layouts.tpl
