@@ -1,5 +1,6 @@
 #include "check/entries.h"
 
+#include "check/addresses.h"
 #include "check/hints.h"
 #include "check/records.h"
 #include "text/dlist.h"

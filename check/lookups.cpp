@@ -1,9 +1,6 @@
 #include "check/lookups.h"
 
-#include <cstdlib>
-#include <cstring>
-
-#include "check/hints.h"
+#include "check/addresses.h"
 #include "check/records.h"
 #include "resolve/dnsresol.h"
 #include "resolve/entry.h"

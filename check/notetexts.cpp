@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "app/common.h"
+#include "check/addresses.h"
 #include "check/findings.h"
 #include "check/hints.h"
 #include "rules/clause.h"

@@ -6,7 +6,6 @@
 // status 0, and the check must find nothing in it.
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -31,11 +30,9 @@ bool Names(const std::string& findings, const std::string& name) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ResetRun();
-  const uint8_t* nul = static_cast<const uint8_t*>(std::memchr(data, 0, size));
-  size_t templateSize = nul ? static_cast<size_t>(nul - data) : size;
-  size_t dataStart = nul ? templateSize + 1 : size;
-  TempFile templateFile(Bytes(data, templateSize));
-  TempFile dataFile(Bytes(data + dataStart, size - dataStart));
+  tTemplateAndData input(data, size);
+  TempFile& templateFile = input.Template;
+  TempFile& dataFile = input.Data;
 
   std::vector<const char*> files = {dataFile.Name()};
   int status = -1;

@@ -5,7 +5,6 @@
 // must be the one the plain method makes from the same input read again.
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 
 #include "app/common.h"
@@ -15,11 +14,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ResetRun();
-  const uint8_t* nul = static_cast<const uint8_t*>(std::memchr(data, 0, size));
-  size_t templateSize = nul ? static_cast<size_t>(nul - data) : size;
-  size_t dataStart = nul ? templateSize + 1 : size;
-  TempFile templateFile(Bytes(data, templateSize));
-  TempFile dataFile(Bytes(data + dataStart, size - dataStart));
+  tTemplateAndData input(data, size);
+  TempFile& templateFile = input.Template;
+  TempFile& dataFile = input.Data;
 
   tFilterData doc(templateFile.Name(), 0);
   FUZZ_CHECK(error == 0 || error == 2);

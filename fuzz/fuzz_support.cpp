@@ -114,7 +114,7 @@ long long OutputTextBound(tFilterData& doc) {
 
 void ResetRun() {
   error = 0;
-  RestartReplacementBudget();
+  SetReplacementBounds(1000000, 1000000, 1 << 20);
 }
 
 void FuzzFail(const char* file, int line, const char* what) {

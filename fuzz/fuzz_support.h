@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 #include "tests/testutil.h"
@@ -16,6 +17,26 @@
 inline std::string Bytes(const uint8_t* data, size_t size) {
   return std::string(reinterpret_cast<const char*>(data), size);
 }
+
+// A template and a data file from one input: the bytes before its first NUL
+// byte are the template, those after it the data (none without a NUL).
+struct tTemplateAndData {
+  tTemplateAndData(const uint8_t* data, size_t size)
+      : Template(Bytes(data, TemplateSize(data, size))),
+        Data(Bytes(data + DataStart(data, size), size - DataStart(data, size))) {}
+  TempFile Template;
+  TempFile Data;
+
+ private:
+  static size_t TemplateSize(const uint8_t* data, size_t size) {
+    const void* nul = std::memchr(data, 0, size);
+    return nul ? static_cast<size_t>(static_cast<const uint8_t*>(nul) - data) : size;
+  }
+  static size_t DataStart(const uint8_t* data, size_t size) {
+    size_t templateSize = TemplateSize(data, size);
+    return templateSize < size ? templateSize + 1 : size;
+  }
+};
 
 class tFilterData;
 
@@ -37,7 +58,8 @@ int WriteOutput(tFilterData& doc, std::string& out);
 std::string PlainFilterText(tFilterData& doc);
 
 // Resets the library's global state before an input runs: the last error code
-// and the replacements the rescans may make.
+// and the replacements the rescans may make, with bounds low enough that a
+// diverging substitution costs milliseconds.
 void ResetRun();
 
 [[noreturn]] void FuzzFail(const char* file, int line, const char* what);

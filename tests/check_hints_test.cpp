@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "check/addresses.h"
 #include "check/run.h"
 #include "testutil.h"
 
@@ -115,4 +116,14 @@ TEST(CheckHints, EachHintReadsAsMeant) {
   }
 }
 
+// A long run of addresses is read without deep recursion or repeated copies:
+// 20000 addresses, the last one broken, and the same run whole.
+TEST(CheckAddresses, LongRunsReadInOnePass) {
+  std::string run;
+  for (int i = 0; i < 20000; ++i) run += "10.4.0.0;16192.0.2.1";
+  String split;
+  EXPECT_EQ(GluedAddresses(String((run + ".5").c_str()), split), 0);
+  ASSERT_EQ(GluedAddresses(String(run.c_str()), split), 1);
+  EXPECT_EQ(std::string(split.Text()).substr(0, 37), "10.4.0.0;16, 192.0.2.1, 10.4.0.0;16, ");
+}
 }  // namespace

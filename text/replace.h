@@ -17,4 +17,10 @@ bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const cha
 long long ReplacementBudgetLeft();
 void RestartReplacementBudget();
 
+// Sets the rescans' bounds: replacements for one text, for all texts of a run,
+// and the length a rescanned text may reach. The program keeps the defaults (a
+// hundred million, a hundred million, 64 MiB); the fuzz targets lower them, so
+// that an input that diverges costs milliseconds rather than seconds.
+void SetReplacementBounds(long long perText, long long perRun, long long length);
+
 #endif

@@ -15,10 +15,10 @@ namespace {
 // hundred million replacements for one text while it stays within 64 MiB, and
 // a hundred million for all texts of a run together (about 20 ms a million on
 // this kind of work, so a run's rescans end within a few seconds).
-const long long kTextReplacements = 100000000;
-const long long kRunReplacements = 100000000;
-const long long kRescanLength = 64LL << 20;
-long long RunReplacementsLeft = kRunReplacements;
+long long TextReplacements = 100000000;
+long long RunReplacements = 100000000;
+long long RescanLength = 64LL << 20;
+long long RunReplacementsLeft = RunReplacements;
 
 // One left-to-right pass: each search resumes right after the text just
 // inserted, so an inserted `to` is never searched again.
@@ -148,9 +148,8 @@ bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const cha
     // work is bounded: the text's and the run's caps above, so that however
     // many texts diverge they add a few seconds at most. Past a cap the
     // single-pass result stands, as for `to` containing `from`.
-    size_t maxLength = static_cast<size_t>(kRescanLength < MaxLength ? kRescanLength : MaxLength);
-    long long cap =
-        RunReplacementsLeft < kTextReplacements ? RunReplacementsLeft : kTextReplacements;
+    size_t maxLength = static_cast<size_t>(RescanLength < MaxLength ? RescanLength : MaxLength);
+    long long cap = RunReplacementsLeft < TextReplacements ? RunReplacementsLeft : TextReplacements;
     long long used = 0;
     rescanned = m < 256 ? Rescan<unsigned char>(text, n, from, m, to, t, cap, maxLength, out, used)
                         : Rescan<int>(text, n, from, m, to, t, cap, maxLength, out, used);
@@ -163,7 +162,14 @@ bool ReplaceAllBytes(const char* text, int n, const char* from, int m, const cha
 
 long long ReplacementBudgetLeft() { return RunReplacementsLeft; }
 
-void RestartReplacementBudget() { RunReplacementsLeft = kRunReplacements; }
+void RestartReplacementBudget() { RunReplacementsLeft = RunReplacements; }
+
+void SetReplacementBounds(long long perText, long long perRun, long long length) {
+  TextReplacements = perText;
+  RunReplacements = perRun;
+  RescanLength = length;
+  RestartReplacementBudget();
+}
 
 String& String::ReplaceAll(const char* from, const char* to) {
   if (!from || !*from) return *this;

@@ -71,9 +71,10 @@ class tSlotPool {
   };
   static const size_t kSlots = 4096;
   const size_t Size;
-  tFree* Free;
-  size_t Left;
-  char* Next;
+  // Unused when every slot is a plain allocation.
+  [[maybe_unused]] tFree* Free;
+  [[maybe_unused]] size_t Left;
+  [[maybe_unused]] char* Next;
   long Live;
   std::vector<char*> Chunks;
 };
