@@ -207,7 +207,7 @@ void tEditView::TypingKey(int key) {
   }
   if (key == kEscape) {
     Mode = Normal;
-    return;
+    return MakePreview(nullptr);
   }
   if ((key == KEY_BACKSPACE || key == kDelete || key == 8) && Cursor > 0) Typed.erase(--Cursor, 1);
   if (key == KEY_DC && Cursor < size) Typed.erase(Cursor, 1);
@@ -217,6 +217,10 @@ void tEditView::TypingKey(int key) {
   if (key == KEY_END) Cursor = size;
   if ((key >= 32 && key < kDelete) || (key >= 128 && key < 256))
     Typed.insert(Cursor++, 1, static_cast<char>(key));
+  if (Purpose == ChangeEntry || Purpose == InsertEntry) {
+    tTypedEntry typed{EditPart, EditList, EditPosition, Purpose == InsertEntry, Typed};
+    MakePreview(&typed);
+  }
 }
 
 void tEditView::Accept(const std::string& text) {

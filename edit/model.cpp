@@ -34,8 +34,9 @@ int CheckPosition(DListtString& values, int position, int end, String& why) {
   return Refuse(why, String("there is no entry ") + number);
 }
 
-// The entries, each taken over by the list, linked in before position.
-void Insert(DListtString& values, int position, const std::vector<String>& entries) {
+}  // namespace
+
+void LinkEntries(DListtString& values, int position, const std::vector<String>& entries) {
   if (position >= values.Size()) {
     for (const String& entry : entries) values.ToTail(new tString(entry));
     return;
@@ -46,8 +47,6 @@ void Insert(DListtString& values, int position, const std::vector<String>& entri
     values.Next();
   }
 }
-
-}  // namespace
 
 DListtString& ListOf(tClauseData& record, int list) {
   return list == 0 ? record.Values0 : record.Values1;
@@ -104,7 +103,7 @@ int tEditModel::InsertEntries(tClauseData& record, int list, int position, const
   if (CheckPosition(values, position, 1, why) < 0) return -1;
   if (TypedEntries(typed, entries, why) < 0) return -1;
   if (list == 1 && ListsReadBack(record, record.Values0.Size(), 1, why) < 0) return -1;
-  Insert(values, position, entries);
+  LinkEntries(values, position, entries);
   ++Edits;
   return 0;
 }
@@ -117,7 +116,7 @@ int tEditModel::ChangeEntry(tClauseData& record, int list, int position, const c
   if (TypedEntries(typed, entries, why) < 0) return -1;
   values.Goto(position);
   delete values.GetCurrent();
-  Insert(values, position, entries);
+  LinkEntries(values, position, entries);
   ++Edits;
   return 0;
 }

@@ -49,5 +49,8 @@ String CaptionOf(const tClauseData& record, int list);
 // around each piece dropped. Refuses, with why, a piece that is empty or holds
 // a blank, tab or line end, which the section would not read back as typed.
 int TypedEntries(const char* typed, std::vector<String>& entries, String& why);
+// Links new elements holding the entries into values before position, or at
+// its end when position is past the last entry.
+void LinkEntries(DListtString& values, int position, const std::vector<String>& entries);
 
 #endif

@@ -4,6 +4,7 @@
 #include <deque>
 #include <utility>
 
+#include "edit/model.h"
 #include "output/fill.h"
 #include "output/pairfill.h"
 #include "output/substit.h"
@@ -88,6 +89,25 @@ class tPreviewSink : public tTextSink {
   }
 };
 
+// Puts the typed entry into the copy as the model would put it into the
+// record; an entry the model would refuse, or one past what the copy holds,
+// leaves the copy as it is.
+void ApplyTyped(tClauseData& copy, const tTypedEntry& typed) {
+  tClauseData* part = typed.Part == 0 ? &copy : copy.Partner;
+  if (!part) return;
+  DListtString& values = ListOf(*part, typed.List);
+  std::vector<String> entries;
+  String why;
+  if (TypedEntries(typed.Text.c_str(), entries, why) < 0) return;
+  if (typed.Position < 0 || typed.Position > values.Size()) return;
+  if (!typed.Insert) {
+    if (typed.Position == values.Size()) return;
+    values.Goto(typed.Position);
+    delete values.GetCurrent();
+  }
+  LinkEntries(values, typed.Position, entries);
+}
+
 const String* LabelOf(tFilterData& document, DListtClauseData& set) {
   return &set != document.DataSets[0] ? &set.Name(nullptr) : nullptr;
 }
@@ -119,7 +139,8 @@ tPreview Lines(tFilterData& document, tPreviewSink& sink) {
 
 }  // namespace
 
-tPreview PreviewLines(tFilterData& document, DListtClauseData& set, const tClauseData& first) {
+tPreview PreviewLines(tFilterData& document, DListtClauseData& set, const tClauseData& first,
+                      const tTypedEntry* typed) {
   tClauseData copy;
   CopyPart(first, copy);
   if (first.Partner) {
@@ -132,6 +153,13 @@ tPreview PreviewLines(tFilterData& document, DListtClauseData& set, const tClaus
   if (first.Partner) {
     sizes.push_back({&copy.Partner->Values0, first.Partner->Values0.Size()});
     sizes.push_back({&copy.Partner->Values1, first.Partner->Values1.Size()});
+  }
+  if (typed) {
+    // The typed entries change the whole list's size by as much as the copy's.
+    std::vector<int> before;
+    for (const auto& size : sizes) before.push_back(size.first->Size());
+    ApplyTyped(copy, *typed);
+    for (size_t i = 0; i < sizes.size(); ++i) sizes[i].second += sizes[i].first->Size() - before[i];
   }
   tPreviewSink sink(LabelOf(document, set), sizes);
   copy.WriteFilter(sink);

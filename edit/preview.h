@@ -21,7 +21,18 @@ struct tPreview {
 // entries by the program's own expansion, the label name put in for a label
 // data set and the substitutions applied. Names are not looked up. The record
 // is left as it is: the expansion works on a copy.
-tPreview PreviewLines(tFilterData& document, DListtClauseData& set, const tClauseData& first);
+//
+// typed, when given, is an entry still being typed: the preview shows it as
+// it would be once accepted, and without it when it would be refused.
+struct tTypedEntry {
+  int Part;      // 0 the record, 1 its companion record
+  int List;      // 0 or 1
+  int Position;  // the entry it replaces, or, with Insert, goes in before
+  bool Insert;
+  std::string Text;
+};
+tPreview PreviewLines(tFilterData& document, DListtClauseData& set, const tClauseData& first,
+                      const tTypedEntry* typed = nullptr);
 
 // The texts of a fixed clause, which need no data: every single text of its
 // four variants, in priority order, with the label name and substitutions.

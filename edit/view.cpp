@@ -94,16 +94,24 @@ void tEditView::Rebuild() {
     ClauseIndex = static_cast<int>(Clauses.size()) - 1;
   if (ClauseIndex < 0) ClauseIndex = 0;
   BuildItems();
+  MakePreview(nullptr);
+}
+
+// The preview of the selected clause; typed, while an entry is being typed,
+// shows it as if accepted.
+void tEditView::MakePreview(const tTypedEntry* typed) {
+  DListtClauseData& set = CurrentSet();
   tClauseRow* clause = CurrentClause();
   Preview = tPreview();
   if (clause && clause->Record && ResolvedPreview) {
     if (!Lookups) Lookups.reset(new tDNSResolver);
     Resolver = Lookups.get();
-    std::string said = Quietly([&] { Preview = PreviewLines(Document, set, *clause->Record); });
+    std::string said =
+        Quietly([&] { Preview = PreviewLines(Document, set, *clause->Record, typed); });
     Resolver = nullptr;
     if (!said.empty()) Message = said;
   } else if (clause && clause->Record) {
-    Preview = PreviewLines(Document, set, *clause->Record);
+    Preview = PreviewLines(Document, set, *clause->Record, typed);
   }
   if (clause && !clause->Record) Preview = FixedPreviewLines(Document, set, *clause->Template);
 }

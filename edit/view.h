@@ -96,6 +96,7 @@ class tEditView {
   tClauseRow* CurrentClause();
   tClauseData* PartOf(int part);
   void Rebuild();
+  void MakePreview(const tTypedEntry* typed);
   void BuildItems();
   void Edited(int result, const String& why);
   void StampDisk();
