@@ -11,7 +11,7 @@ TEST(Companions, OnlyTheMainTemplateAndTheFirstRecordOwnTheirPartner) {
   TempFile text("A on \"\" \"\" \"\" \"\" \"\"\n~0, 1, S\na\n~~\nB on \"\" \"\" \"\" \"\" \"\"\n");
   tFilterTemplateFile file(text.Name());
   tClauseTemplate* main = new tClauseTemplate;
-  main->Read(file);
+  EXPECT_EQ(main->Read(file), 0);
   ASSERT_NE(main->Partner, nullptr);
   EXPECT_EQ(main->Partner->Name, "B");
   delete main->Partner;
