@@ -84,9 +84,10 @@ void tParseableFile::Next() {
   if (std::ferror(Stream) && errno != EBADF && errno != EISDIR) ReadFailed = 1;
 }
 
+// At a line's end this is the NUL that ends every String's text.
 char tParseableFile::Ch() {
   if (Remaining() == 0) Next();
-  return Remaining() > 0 ? CurrentLine.Text()[Pos] : '\0';
+  return CurrentLine.Text()[Pos];
 }
 
 String& tParseableFile::Line() {

@@ -1,5 +1,6 @@
 #include "rules/clause.h"
 
+#include <charconv>
 #include <cstring>
 
 namespace {
@@ -68,19 +69,15 @@ int StateField(const tClauseTemplate& clause, int variant) {
 }
 
 void tClauseData::WriteStates(FILE* out) const {
-  // Put byte by byte rather than through fprintf, which costs more than the
-  // rest of the record's line; a state of more than one digit still goes
-  // through it.
+  // Converted with to_chars rather than fprintf, which costs more than the
+  // rest of the record's line.
   for (int i = 0; i < 4; ++i) {
     int field = StateField(*Template, i);
     if (field < 0) continue;
     if (field > 0) std::fputs(", ", out);
-    int state = VariantStates[i];
-    if (state >= 0 && state <= 9) {
-      std::putc('0' + state, out);
-    } else {
-      std::fprintf(out, "%d", state);
-    }
+    char digits[16];
+    char* end = std::to_chars(digits, digits + sizeof digits, VariantStates[i]).ptr;
+    std::fwrite(digits, 1, end - digits, out);
   }
   std::fputs("\n", out);
 }
