@@ -23,6 +23,12 @@ permit tcp ${1} ${0} PORT
 "Telnet reply",  "Always","","","",  "Inside","Outside"
 ~0, 99999999999, V
 permit tcp ${0} PORT ${1} established
+~0, 2147483647, V
+permit tcp ${0} PORT ${1} last
+~0, -2147483648, V
+permit tcp ${0} PORT ${1} first
+~0, -2147483649, V
+permit tcp ${0} PORT ${1} held first
 ~~~
 ~~~~Label Rules
 ~500
