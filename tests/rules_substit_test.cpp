@@ -73,7 +73,8 @@ TEST(Fill, OnePassAgreesWithOneReplaceAllPerPlace) {
   int checked = 0;
   for (int round = 0; round < 20000; ++round) {
     std::string text;
-    for (int k = random() % 6; k > 0; --k) text += word(3) + places[random() % 5];
+    for (int k = random() % 6; k > 0; --k) text += word(5) + places[random() % 5];
+    text += word(5);  // "${0x}" or "${1R" at the end: places in form only
     String values[tPlaceFill::Places];
     tPlaceFill fill;
     for (int place = 0; place < tPlaceFill::Places; ++place) {
