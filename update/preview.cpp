@@ -17,11 +17,11 @@ namespace {
 
 const char kDiff[] = "/usr/bin/diff";
 
-// Runs diff on the two descriptors as its 3 and 4; its exit status, or -1 when
-// it could not be run. A diff ended by SIGPIPE wrote to a reader that stopped
-// reading, as "| head" does: that reader saw differences, and the update is
-// no worse for it.
-int RunDiff(int before, int after, const char* label) {
+// Runs diff on the two descriptors as its 3 and 4; whether it did its work:
+// it ended with status 0 (no differences) or 1 (differences shown), or by
+// SIGPIPE, having written to a reader that stopped reading, as "| head" does:
+// that reader saw differences, and the update is no worse for it.
+bool RunDiff(int before, int after, const char* label) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, before, 3);
@@ -34,9 +34,9 @@ int RunDiff(int before, int after, const char* label) {
   int spawned = posix_spawn(&child, kDiff, &actions, nullptr, argv, environ) == 0;
   posix_spawn_file_actions_destroy(&actions);
   int status;
-  if (!spawned || waitpid(child, &status, 0) != child) return -1;
-  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGPIPE) return 1;
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  if (!spawned || waitpid(child, &status, 0) != child) return false;
+  if (WIFSIGNALED(status)) return WTERMSIG(status) == SIGPIPE;
+  return WIFEXITED(status) && WEXITSTATUS(status) <= 1;
 }
 
 }  // namespace
@@ -57,8 +57,7 @@ int Preview(tFilterData& document, tUpdateTarget& target) {
     // The labels are lines of the diff: a name's control characters are
     // escaped as in the messages, so that no name can break a line or reach
     // the terminal.
-    int status = RunDiff(target.Fd(), fd, Shown(String(target.GivenName())).Text());
-    if (status != 0 && status != 1) {
+    if (!RunDiff(target.Fd(), fd, Shown(String(target.GivenName())).Text())) {
       Error(19, String("Cannot show the changes to '") + target.GivenName() + "': " + kDiff +
                     " failed.");
       result = -1;
