@@ -218,3 +218,33 @@ TEST(PrioritizedList, ToSortedPlacesByPriorityTiesInOrderOfInsertion) {
 }
 
 }  // namespace
+
+// The comparisons a list element offers: a text by its bytes, as unsigned
+// values, a shorter text before the longer one it begins; a prioritized text by
+// its priority alone; a plain element is greater than any and equal to none.
+TEST(ListElements, CompareAsTheirKindSays) {
+  struct Case {
+    const char *a, *b;
+    int greater, equals;
+  } texts[] = {
+      {"abc", "abd", 0, 0}, {"abd", "abc", 1, 0}, {"ab", "abc", 0, 0},
+      {"abc", "ab", 1, 0},  {"abc", "abc", 0, 1}, {"", "", 0, 1},
+      {"\x80", "a", 1, 0},  {"a", "\x80", 0, 0},
+  };
+  for (const Case& c : texts) {
+    tString a(c.a), b(c.b);
+    EXPECT_EQ(a.Greater(&b), c.greater) << c.a << " " << c.b;
+    EXPECT_EQ(a.Equals(&b), c.equals) << c.a << " " << c.b;
+  }
+  struct Priorities {
+    int a, b, greater, equals;
+  } priorities[] = {{2, 1, 1, 0}, {1, 2, 0, 0}, {3, 3, 0, 1}, {INT_MIN, INT_MAX, 0, 0}};
+  for (const Priorities& c : priorities) {
+    tPrioritizedString a(String("z"), c.a), b(String("a"), c.b);
+    EXPECT_EQ(a.Greater(&b), c.greater) << c.a << " " << c.b;
+    EXPECT_EQ(a.Equals(&b), c.equals) << c.a << " " << c.b;
+  }
+  Item plain("plain");
+  EXPECT_EQ(plain.Greater(&plain), 1);
+  EXPECT_EQ(plain.Equals(&plain), 0);
+}
