@@ -10,15 +10,16 @@
 // readlinkat only, "relink=TARGET" (once the link is read, it is switched to point to TARGET, as
 // another user switching it would). openat_tmpfile is openat asked for an unnamed file (O_TMPFILE),
 // matched by the folder's name. rename, renameat and linkat are matched by their new name, remove
-// and unlinkat by their name, fsync, fchmod, fchown, fclose and fwrite by the path of the
-// descriptor (an unnamed file's path ends in "(deleted)"); fclose closes the stream all the same,
-// as a close that reports a late write error does. pthread_create has no path:
-// "pthread_create::EAGAIN" makes every thread fail to start, as where a
-// process may not have more threads.
+// and unlinkat by their name, memfd_create by its name, fstat, fsync, fchmod, fchown, fclose and
+// fwrite by the path of the descriptor (an unnamed file's path ends in "(deleted)"); fclose closes
+// the stream all the same, as a close that reports a late write error does. pthread_create has no
+// path: "pthread_create::EAGAIN" makes every thread fail to start, as where a process may not have
+// more threads.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <pthread.h>
 #include <signal.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -60,9 +61,9 @@ int Fault(const char* call, const char* path) {
   static const struct {
     const char* name;
     int value;
-  } kErrors[] = {{"EACCES", EACCES},        {"EAGAIN", EAGAIN}, {"EIO", EIO},
-                 {"ENOSPC", ENOSPC},        {"EPERM", EPERM},   {"EXDEV", EXDEV},
-                 {"EOPNOTSUPP", EOPNOTSUPP}},
+  } kErrors[] = {{"EACCES", EACCES},         {"EAGAIN", EAGAIN}, {"EIO", EIO},
+                 {"ENOSPC", ENOSPC},         {"EPERM", EPERM},   {"EXDEV", EXDEV},
+                 {"EOPNOTSUPP", EOPNOTSUPP}, {"ENOMEM", ENOMEM}},
     kSignals[] = {
         {"SIGINT", SIGINT}, {"SIGTERM", SIGTERM}, {"SIGHUP", SIGHUP}, {"SIGKILL", SIGKILL}};
   std::string action = Action(call, path);
@@ -154,6 +155,16 @@ extern "C" int openat(int folder, const char* name, int flags, ...) {
 extern "C" int fsync(int fd) {
   if (int fault = Fault("fsync", PathOf(fd).c_str())) return errno = fault, -1;
   return Next<int (*)(int)>("fsync")(fd);
+}
+
+extern "C" int fstat(int fd, struct stat* status) {
+  if (int fault = Fault("fstat", PathOf(fd).c_str())) return errno = fault, -1;
+  return Next<int (*)(int, struct stat*)>("fstat")(fd, status);
+}
+
+extern "C" int memfd_create(const char* name, unsigned flags) {
+  if (int fault = Fault("memfd_create", name)) return errno = fault, -1;
+  return Next<int (*)(const char*, unsigned)>("memfd_create")(name, flags);
 }
 
 extern "C" int fchmod(int fd, mode_t mode) {
