@@ -9,12 +9,12 @@
 // program's new-handler runs before the call, as when an allocation there failed), or, for
 // readlinkat only, "relink=TARGET" (once the link is read, it is switched to point to TARGET, as
 // another user switching it would). openat_tmpfile is openat asked for an unnamed file (O_TMPFILE),
-// matched by the folder's name. rename, renameat and linkat are matched by their new name, remove
-// and unlinkat by their name, memfd_create by its name, fstat, fsync, fchmod, fchown, fclose and
-// fwrite by the path of the descriptor (an unnamed file's path ends in "(deleted)"); fclose closes
-// the stream all the same, as a close that reports a late write error does. pthread_create has no
-// path: "pthread_create::EAGAIN" makes every thread fail to start, as where a process may not have
-// more threads.
+// matched by the folder's name; openat is any other, matched by its name. rename, renameat and
+// linkat are matched by their new name, remove and unlinkat by their name, memfd_create by its
+// name, fstat, fsync, fchmod, fchown, fclose and fwrite by the path of the descriptor (an unnamed
+// file's path ends in "(deleted)"); fclose closes the stream all the same, as a close that reports
+// a late write error does. pthread_create has no path: "pthread_create::EAGAIN" makes every thread
+// fail to start, as where a process may not have more threads.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <pthread.h>
@@ -148,6 +148,8 @@ extern "C" int openat(int folder, const char* name, int flags, ...) {
   va_end(rest);
   if ((flags & O_TMPFILE) == O_TMPFILE) {
     if (int fault = Fault("openat_tmpfile", name)) return errno = fault, -1;
+  } else if (int fault = Fault("openat", name)) {
+    return errno = fault, -1;
   }
   return Next<int (*)(int, const char*, int, ...)>("openat")(folder, name, flags, mode);
 }
