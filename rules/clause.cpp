@@ -1,16 +1,13 @@
 #include "rules/clause.h"
 
+#include <algorithm>
 #include <string>
 
 #include "rules/numbers.h"
 
 namespace {
 
-int ToVariant(int n) {
-  if (n > 3) return 3;
-  if (n < 0) return 0;
-  return n;
-}
+int ToVariant(int n) { return std::clamp(n, 0, 3); }
 
 void WriteTexts(FILE* stream, const DListtPrioritizedString& texts, int variant, char kind) {
   for (const tPrioritizedString* text : Walk<const tPrioritizedString>(texts)) {
