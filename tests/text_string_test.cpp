@@ -181,6 +181,21 @@ TEST(StringCore, CopyOnWriteAndArgumentsInTheOwnText) {
   EXPECT_EQ(grown.At('y'), 1000);
 }
 
+// A write through [] changes a text held once in place, so that a run of
+// writes costs no copies; a shared text is copied first, and its other holder
+// keeps what it had.
+TEST(StringCore, WritesCopyOnlyASharedText) {
+  String a("abc");
+  const char* block = a.Text();
+  a[0] = 'x';
+  EXPECT_EQ(a.Text(), block);
+  String b = a;
+  b[1] = 'y';
+  EXPECT_STREQ(a.Text(), "xbc");
+  EXPECT_STREQ(b.Text(), "xyc");
+  EXPECT_EQ(a.Text(), block);
+}
+
 TEST(StringCore, ShareCountStopsAt65535) {
   String a("shared");
   std::vector<String> copies(70000, a);
