@@ -210,7 +210,7 @@ void tEditView::TypingKey(int key) {
     return MakePreview(nullptr);
   }
   if ((key == KEY_BACKSPACE || key == kDelete || key == 8) && Cursor > 0) Typed.erase(--Cursor, 1);
-  if (key == KEY_DC && Cursor < size) Typed.erase(Cursor, 1);
+  if (key == KEY_DC) Typed.erase(Cursor, 1);  // nothing at the end
   if (key == KEY_LEFT && Cursor > 0) --Cursor;
   if (key == KEY_RIGHT && Cursor < size) ++Cursor;
   if (key == KEY_HOME) Cursor = 0;
