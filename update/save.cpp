@@ -26,31 +26,30 @@ int SameContent(int first, int second) {
 
 }  // namespace
 
-int SaveOver(tFilterData& document, tUpdateTarget& target) {
+void SaveOver(tFilterData& document, tUpdateTarget& target) {
   struct stat old;
   if (fstat(target.Fd(), &old) != 0) {
     Error(17, String("Cannot read the owner, group and mode of '") + target.Name() + "' (" +
                   std::strerror(errno) + "); nothing was saved.");
-    return -1;
+    return;
   }
   tTemporaryFile temporary(target.Folder(), target.ShownFolder(), target.Name());
-  if (!temporary.Create(old)) return -1;
+  if (!temporary.Create(old)) return;
   int result = document.WriteData(temporary.Stream(), target.Name());
   if (result >= 0) result = temporary.Finish();
   if (result < 0) {
     Warning(3, "Save Not Completed!");
-    return -1;
+    return;
   }
-  if (SameContent(temporary.Fd(), target.Fd())) return 0;
+  if (SameContent(temporary.Fd(), target.Fd())) return;
   // The folder is synced before the new version gets its name, not after: a
   // folder that cannot be synced saves nothing, and the name exists only for
   // the few steps of the replacement, the one moment a SIGKILL could leave it.
-  if (SyncFolder(target, kSyncBefore) < 0) return -1;
-  if (!temporary.Link()) return -1;
+  if (SyncFolder(target, kSyncBefore) < 0) return;
+  if (!temporary.Link()) return;
   // A signal that comes from here on ends the run only once the file is
   // replaced and the folder synced, so that what it leaves lasts.
   tSignalsHeld held;
   int backedUp = Replace(target, temporary);
-  if (backedUp < 0) return -1;
-  return SyncFolder(target, backedUp ? kSyncBackedUp : kSyncNoBackup);
+  if (backedUp >= 0) SyncFolder(target, backedUp ? kSyncBackedUp : kSyncNoBackup);
 }
