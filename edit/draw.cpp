@@ -164,9 +164,12 @@ void tEditView::DrawBottom() {
                        "  Tab:pane Space:on/off Enter:edit a:add d:del s:save q:quit ?:help";
   Put(LINES - 2, 0, COLS, status, Screen->TitleAttr);
   if (Mode == Typing) {
-    Put(LINES - 1, 0, COLS, Prompt + Typed);
+    // A line longer than the screen is shown from as far on as keeps the
+    // cursor on its last column, so that what is typed stays in sight.
     int x = static_cast<int>(Prompt.size()) + Cursor;
-    move(LINES - 1, x < COLS ? x : COLS - 1);
+    int shift = x < COLS ? 0 : x - (COLS - 1);
+    Put(LINES - 1, 0, COLS, (Prompt + Typed).substr(shift));
+    move(LINES - 1, x - shift);
     curs_set(1);
   } else {
     std::string line = Mode == Asking ? Prompt : Message;

@@ -12,6 +12,8 @@
 #              screen FILE    waits until the screen is exactly FILE
 #              escapes FILE   the same with the attributes and colours, as
 #                             tmux writes them in escape sequences
+#              cursor X Y     waits until the cursor is in column X of line Y
+#                             (from 0), where the next typed key goes
 #              resize C L     the terminal becomes C columns, L lines
 #              shell COMMAND  runs COMMAND in the work folder
 #              signal NAME    sends the signal to the program
@@ -55,6 +57,16 @@ wait_screen() {  # wait_screen <expected file> [-e]
   echo "--- the screen differs from $1:"; diff "$1" actual.screen; fail=1
   return 1
 }
+wait_cursor() {  # wait_cursor <"X Y">
+  local i
+  for i in $(seq 100); do
+    [ "$(tmux -L "$socket" display-message -p '#{cursor_x} #{cursor_y}')" = "$1" ] && return 0
+    sleep 0.1
+  done
+  echo "--- the cursor is at $(tmux -L "$socket" display-message -p '#{cursor_x} #{cursor_y}'), expected $1"
+  fail=1
+  return 1
+}
 wait_exit() {  # wait_exit <status>
   local i
   for i in $(seq 100); do
@@ -76,6 +88,7 @@ while read -r step rest; do
     type) tmux -L "$socket" send-keys -l "$rest" ;;
     screen) wait_screen "$rest" || break ;;
     escapes) wait_screen "$rest" -e || break ;;
+    cursor) wait_cursor "$rest" || break ;;
     resize) tmux -L "$socket" resize-window -x "${rest% *}" -y "${rest#* }" ;;
     shell) bash -c "$rest" ;;
     signal) pkill -"$rest" -P "$(tmux -L "$socket" display-message -p '#{pane_pid}')" -x ruleforge-edit ;;
