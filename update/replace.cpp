@@ -17,8 +17,8 @@ int NoHardLinks(int error) { return error == EPERM || error == EOPNOTSUPP || err
 
 }  // namespace
 
-int SyncFolder(tUpdateTarget& target, tSyncMoment moment) {
-  if (fsync(target.Folder()) == 0) return 0;
+bool SyncFolder(tUpdateTarget& target, tSyncMoment moment) {
+  if (fsync(target.Folder()) == 0) return true;
   String start = String("Could not sync the folder '") +
                  (target.ShownFolder().Length() > 0 ? target.ShownFolder() : String(".")) +
                  "' to the disk (" + std::strerror(errno) + ")";
@@ -31,7 +31,7 @@ int SyncFolder(tUpdateTarget& target, tSyncMoment moment) {
   }
   if (moment != kSyncBefore) after += ", but a crash of the system may still undo the change.";
   Error(18, start + after);
-  return -1;
+  return false;
 }
 
 namespace {

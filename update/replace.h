@@ -18,8 +18,8 @@ int Replace(tUpdateTarget& target, tTemporaryFile& temporary);
 enum tSyncMoment { kSyncBefore, kSyncBackedUp, kSyncNoBackup };
 
 // Syncs the target's folder, so that the names made in it reach the disk.
-// Reports error 18 with what it means at that moment; returns 0, or -1 after
-// the error.
-int SyncFolder(tUpdateTarget& target, tSyncMoment moment);
+// Whether that worked; if not, reports error 18 with what it means at that
+// moment.
+bool SyncFolder(tUpdateTarget& target, tSyncMoment moment);
 
 #endif

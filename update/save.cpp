@@ -45,7 +45,7 @@ void SaveOver(tFilterData& document, tUpdateTarget& target) {
   // The folder is synced before the new version gets its name, not after: a
   // folder that cannot be synced saves nothing, and the name exists only for
   // the few steps of the replacement, the one moment a SIGKILL could leave it.
-  if (SyncFolder(target, kSyncBefore) < 0) return;
+  if (!SyncFolder(target, kSyncBefore)) return;
   if (!temporary.Link()) return;
   // A signal that comes from here on ends the run only once the file is
   // replaced and the folder synced, so that what it leaves lasts.
