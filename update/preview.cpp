@@ -41,17 +41,16 @@ bool RunDiff(int before, int after, const char* label) {
 
 }  // namespace
 
-int Preview(tFilterData& document, tUpdateTarget& target) {
+void Preview(tFilterData& document, tUpdateTarget& target) {
   int fd = memfd_create("ruleforge-update", MFD_CLOEXEC);
   FILE* output = fd >= 0 ? fdopen(fd, "w+") : nullptr;
   if (!output) {
     if (fd >= 0) close(fd);
     Error(19, String("Cannot show the changes to '") + target.GivenName() +
                   "': no room for the new version.");
-    return -1;
+    return;
   }
-  int result = document.WriteData(output, target.Name());
-  if (result >= 0) {
+  if (document.WriteData(output, target.Name()) >= 0) {
     // What this run printed before must come before the diff.
     std::fflush(stdout);
     // The labels are lines of the diff: a name's control characters are
@@ -60,9 +59,7 @@ int Preview(tFilterData& document, tUpdateTarget& target) {
     if (!RunDiff(target.Fd(), fd, Shown(String(target.GivenName())).Text())) {
       Error(19, String("Cannot show the changes to '") + target.GivenName() + "': " + kDiff +
                     " failed.");
-      result = -1;
     }
   }
   std::fclose(output);
-  return result < 0 ? -1 : 0;
 }

@@ -8,8 +8,8 @@
 // touching nothing: a unified diff of the file as it is against the output,
 // made by diffutils' diff and written to standard output; nothing when the two
 // are the same. Both sides are labelled with the name given, so the diff
-// applies with patch. Returns 0, or -1 after error 8 (the output could not be
-// made) or error 19 (diff could not be run).
-int Preview(tFilterData& document, tUpdateTarget& target);
+// applies with patch. Reports error 8 when the output could not be made and
+// error 19 when diff could not be run.
+void Preview(tFilterData& document, tUpdateTarget& target);
 
 #endif
