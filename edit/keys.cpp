@@ -43,7 +43,7 @@ const char kHelp[] =
 }  // namespace
 
 bool MoveSelection(int key, int count, int height, int& selected) {
-  int page = height > 1 ? height - 1 : 1;
+  int page = std::max(height - 1, 1);
   switch (key) {
     case KEY_UP:
       selected -= 1;

@@ -1,5 +1,6 @@
 #include "edit/view.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "edit/scratch.h"
@@ -161,8 +162,7 @@ void tEditView::BuildItems() {
       }
     }
   }
-  if (Row >= static_cast<int>(Items.size())) Row = static_cast<int>(Items.size()) - 1;
-  if (Row < 0) Row = 0;
+  Row = std::max(0, std::min(Row, static_cast<int>(Items.size()) - 1));
 }
 
 void tEditView::Edited(int result, const String& why) {
