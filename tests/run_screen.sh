@@ -35,7 +35,11 @@ args=() envs=()
 [ -f args ] && mapfile -t args < args
 [ -f env ] && mapfile -t envs < env
 read -r columns lines < <(cat size 2>/dev/null || echo 80 24)
-printf '%q ' env "${envs[@]}" "$bindir/ruleforge-edit" "${args[@]}" >command
+# The program is killed after RULEFORGE_CASE_TIMEOUT seconds (default 120):
+# a run that hangs must not outlive its case in the tmux server, which a
+# killed test run leaves behind.
+printf '%q ' timeout --foreground -k 5 "${RULEFORGE_CASE_TIMEOUT:-120}" env "${envs[@]}" \
+  "$bindir/ruleforge-edit" "${args[@]}" >command
 echo '; echo $? >status; stty -a >stty; sleep 600' >>command
 tmux -L "$socket" -f /dev/null new-session -d -x "$columns" -y "$lines" -c "$work" \
   "bash $work/command" || exit 2
@@ -91,7 +95,8 @@ while read -r step rest; do
     cursor) wait_cursor "$rest" || break ;;
     resize) tmux -L "$socket" resize-window -x "${rest% *}" -y "${rest#* }" ;;
     shell) bash -c "$rest" ;;
-    signal) pkill -"$rest" -P "$(tmux -L "$socket" display-message -p '#{pane_pid}')" -x ruleforge-edit ;;
+    signal) pane=$(tmux -L "$socket" display-message -p '#{pane_pid}')
+      pkill -"$rest" -P "$(pgrep -P "$pane" -x timeout)" -x ruleforge-edit ;;
     exit) wait_exit "$rest" ;;
     *) echo "--- unknown step: $step"; fail=1 ;;
   esac
