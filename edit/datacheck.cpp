@@ -28,14 +28,11 @@ void tDataCheck::Run(tFilterData& document) {
   Findings.Print(printed.File);
   std::fflush(printed.File);
   std::rewind(printed.File);
-  // Each line reads ":LINE: warning: TEXT".
-  char line[4096];
-  while (std::fgets(line, sizeof line, printed.File)) {
-    const char* text = std::strstr(line, ": warning: ");
-    if (!text) continue;
-    std::string finding(text + 11);
-    if (!finding.empty() && finding.back() == '\n') finding.pop_back();
-    Place(std::atoi(line + 1), finding);
+  // Each line reads ":LINE: warning: TEXT", of any length.
+  String line;
+  while (line.fgets(printed.File)) {
+    const char* text = std::strstr(line.Text(), ": warning: ");
+    if (text) Place(std::atoi(line.Text() + 1), text + 11);
   }
 }
 
