@@ -19,21 +19,23 @@ std::string Typed(const char* prefix, int count) {
 
 // The preview holds the first lines exactly, however long the lists, and
 // counts the lines it leaves out: a long second list must not bring a later
-// first entry forward, nor a long first list be cut in its count.
+// first entry forward, nor a long first list be cut in its count. It holds
+// no more than the first 500 lines a text makes.
 TEST(EditPreview, HoldsTheFirstLinesAndCountsTheRest) {
   struct {
     int left, right;
     long long total;
+    size_t held;
     int at;
     const char* line;
   } cases[] = {
-      {2, 3, 1 + 6 + 2, 1, "pair a0 b0"},
-      {2, 3, 1 + 6 + 2, 6, "pair a1 b2"},
-      {2, 3, 1 + 6 + 2, 8, "left a1"},
-      {2, 600, 1 + 1200 + 2, 500, "pair a0 b499"},
-      {600, 1, 1 + 600 + 600, 500, "pair a499 b0"},
-      {600, 1, 1 + 600 + 600, 501, "left a0"},
-      {1, 0, 1 + 0 + 1, 1, "left a0"},
+      {2, 3, 1 + 6 + 2, 9, 1, "pair a0 b0"},
+      {2, 3, 1 + 6 + 2, 9, 6, "pair a1 b2"},
+      {2, 3, 1 + 6 + 2, 9, 8, "left a1"},
+      {2, 600, 1 + 1200 + 2, 1 + 500 + 2, 500, "pair a0 b499"},
+      {600, 1, 1 + 600 + 600, 1 + 500 + 500, 500, "pair a499 b0"},
+      {600, 1, 1 + 600 + 600, 1 + 500 + 500, 501, "left a0"},
+      {1, 0, 1 + 0 + 1, 2, 1, "left a0"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(std::to_string(c.left) + " x " + std::to_string(c.right));
@@ -49,6 +51,7 @@ TEST(EditPreview, HoldsTheFirstLinesAndCountsTheRest) {
     }
     tPreview preview = PreviewLines(document, main, record);
     EXPECT_EQ(static_cast<long long>(preview.Lines.size()) + preview.More, c.total);
+    EXPECT_EQ(preview.Lines.size(), c.held);
     EXPECT_EQ(preview.Lines.front(), "head 23");
     ASSERT_GT(preview.Lines.size(), static_cast<size_t>(c.at));
     EXPECT_EQ(preview.Lines[c.at], c.line);
