@@ -8,6 +8,7 @@
 #include "app/filterd.h"
 #include "edit/model.h"
 #include "edit/names.h"
+#include "edit/readback.h"
 #include "testutil.h"
 
 namespace {
@@ -205,6 +206,30 @@ TEST(EditModel, RefusesDataSetNamesTheSectionCannotReadBack) {
   EXPECT_EQ(Outcome(layouts.Model.RemoveSet(lab1, why), why), "done");
   EXPECT_EQ(layouts.Model.Set("lab2"), nullptr);
   EXPECT_EQ(layouts.Document.DataSets.Size(), 3);
+}
+
+}  // namespace
+
+namespace {
+
+// The check before a save finds data that the file would give back otherwise,
+// however it got into the document: entries are put in here past the model.
+TEST(ReadBack, FindsEntriesTheFileWouldGiveBackOtherwise) {
+  struct {
+    const char* entry;
+    int readsBack;
+  } cases[] = {{"10.1.0.1", 1}, {"a b", 0}, {"a,b", 0}};
+  for (const auto& c : cases) {
+    Layouts layouts;
+    tClauseData& record = layouts.Record("All four");
+    record.Values0.ToTail(new tString("first"));
+    record.Values0.ToTail(new tString(c.entry));
+    String why;
+    EXPECT_EQ(DataReadsBack(layouts.Document, why), c.readsBack) << c.entry;
+    if (!c.readsBack) {
+      EXPECT_NE(std::strstr(why.Text(), "All four"), nullptr) << why.Text();
+    }
+  }
 }
 
 }  // namespace
